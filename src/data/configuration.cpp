@@ -1,0 +1,236 @@
+#include "data/configuration.h"
+
+#include <array>
+
+#include "base/failure.h"
+#include "base/text.h"
+#include "data/fields.h"
+#include "data/file_helpers.h"
+#include "data/history_row.h"
+#include "data/query.h"
+#include "desktop/client_trust.h"
+#include "desktop/wait_box.h"
+#include "platform/os/files.h"
+#include "platform/os/paths.h"
+#include "platform/os/process.h"
+#include "platform/screen/host.h"
+#include "startup/run_context.h"
+
+namespace kalvane {
+namespace {
+
+constexpr std::array<Field<RunContext>, 8> definition_fields{{
+    {.column = "ドライバ名", .text = &RunContext::ドライバ名, .trim = true},
+    {.column = "データベース名", .text = &RunContext::データベース名, .trim = true},
+    {.column = "サーバー名", .text = &RunContext::サーバー名, .trim = true},
+    {.column = "接続文字列", .text = &RunContext::接続文字列, .trim = true},
+    {.column = "ユーザーID", .text = &RunContext::ユーザーID, .trim = true},
+    {.column = "パスワード", .text = &RunContext::パスワード, .trim = true},
+    {.column = "プロバイダ名", .text = &RunContext::プロバイダ名, .trim = true},
+    {.column = "データソース名", .text = &RunContext::データソース名, .trim = true},
+}};
+
+constexpr std::array<Field<RunContext>, 2> environment_fields{{
+    {.column = "インストール区分", .digit = &RunContext::インストール区分},
+    {.column = "CL更新実行区分", .digit = &RunContext::CL更新実行区分},
+}};
+
+constexpr std::array<Field<RunContext>, 13> backup_fields{{
+    {.column = "バックアップ日付", .text = &RunContext::バックアップ日付, .first = 8},
+    {.column = "運用条件切替日付", .text = &RunContext::運用条件切替日付, .first = 8},
+    {.column = "バックアップ方法", .digit = &RunContext::バックアップ方法},
+    {.column = "バックアップ日指定", .digit = &RunContext::バックアップ日指定},
+    {.column = "月曜バックアップ", .digit = &RunContext::月曜バックアップ},
+    {.column = "火曜バックアップ", .digit = &RunContext::火曜バックアップ},
+    {.column = "水曜バックアップ", .digit = &RunContext::水曜バックアップ},
+    {.column = "木曜バックアップ", .digit = &RunContext::木曜バックアップ},
+    {.column = "金曜バックアップ", .digit = &RunContext::金曜バックアップ},
+    {.column = "土曜バックアップ", .digit = &RunContext::土曜バックアップ},
+    {.column = "日曜バックアップ", .digit = &RunContext::日曜バックアップ},
+    {.column = "バックアップ開始時刻", .text = &RunContext::バックアップ開始時刻},
+    {.column = "バックアップフォルダ", .text = &RunContext::バックアップフォルダ},
+}};
+
+std::string lower_ascii(std::string s) {
+    for (char& c : s)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return s;
+}
+
+// The file kind at stem: 1 .accdb, 2 .mdb, 0 neither; the path found, or "".
+std::int16_t file_kind(const std::string& stem, std::string& path) {
+    constexpr std::array<const char*, 2> endings{".accdb", ".mdb"};
+    for (std::size_t i = 0; i < endings.size(); ++i) {
+        if (ファイル存在確認(stem + endings[i])) {
+            path = stem + endings[i];
+            return static_cast<std::int16_t>(i + 1);
+        }
+    }
+    path.clear();
+    return 0;
+}
+
+const char* ending(std::int16_t kind) { return kind == 1 ? ".accdb" : ".mdb"; }
+
+std::string config_connection_text(const std::string& path) {
+    const char* provider = 実行環境.設定DB種別 == 1 ? "Microsoft.ACE.OLEDB.12.0" : "Microsoft.Jet.OLEDB.4.0";
+    return std::string("Provider=") + provider + ";User ID=;Password=;Data Source=" + path;
+}
+
+void open_with_settings(ado::Connection& c, const std::string& text) {
+    c.ConnectionTimeout = 60;
+    c.CommandTimeout = 30000;
+    c.CursorLocation = 3;
+    c.Open(text);
+}
+
+// 設定接続 on the folder that counts; this path carries a semicolon of its own.
+void open_config() {
+    open_with_settings(実行環境.設定接続, config_connection_text(実行環境.設定フォルダ + "\\usrcnfg" +
+                                                              ending(実行環境.設定DB種別) + ";"));
+    実行環境.設定接続中 = true;
+}
+
+std::string not_null(const ado::Recordset& rs, std::string_view column) {
+    const ado::Value& v = rs.Fields(column);
+    if (v.is_null()) throw RunFailure("Null の使い方が不正です。");
+    return v.text();
+}
+
+// Folders up to the kind of the configuration database; its path, or "" when the start must stop.
+std::string find_installation() {
+    実行環境.ユーザID = 文字列終端切詰(os::user_name_buffer());
+    実行環境.コンピュータID = 文字列終端切詰(os::computer_name_buffer());
+    const std::string& exe = os::executable_path();
+    const std::string folder = exe.substr(0, exe.rfind('\\') == std::string::npos ? 0 : exe.rfind('\\'));
+    std::size_t at = std::string::npos;
+    for (const char* word : {"prgbin", "prgsrc"})
+        if (at == std::string::npos) at = lower_ascii(folder).find(word);
+    if (at == std::string::npos) return {};
+    const std::string p = folder.substr(0, at);
+    実行環境.ルートフォルダ = p.substr(0, p.empty() ? 0 : p.size() - 1);
+    実行環境.プログラムフォルダ = p + "prgbin";
+    os::set_share_root(os::native_path(p + "shares"));
+    実行環境.共通DB種別 = file_kind(p + "data\\gnrdb", 実行環境.共通DBパス);
+    std::string config_path;
+    実行環境.設定DB種別 = file_kind(p + "conf\\usrcnfg", config_path);
+    実行環境.共通設定フォルダ = p + "conf";
+    実行環境.共通帳票フォルダ = p + "report";
+    実行環境.マニュアルフォルダ = p + "manual";
+    std::string report_path;
+    実行環境.帳票DB種別 = file_kind(実行環境.共通帳票フォルダ + "\\repdb", report_path);
+    return config_path;
+}
+
+void read_definition() {
+    ado::Recordset rs;
+    if (設定DB読込(rs, "SELECT * FROM データベース定義 WHERE 情報種類 = 'GNR'")) {
+        実行環境.db = not_null(rs, "db");
+        実行環境.dbmw = not_null(rs, "dbmw");
+        take_all(rs, definition_fields, 実行環境);
+    }
+    rs.Close();
+}
+
+void read_environment(bool with_backup) {
+    ado::Recordset rs;
+    if (設定DB読込(rs, "SELECT * FROM 動作環境定義 WHERE 動作環境定義ID = '001'")) {
+        const ado::Value& site = rs.Fields("運用事業所コード");
+        実行環境.運用事業所コード = site.is_null() ? 全社事業所 : site.text();
+        実行環境.インストール区分 = 実行環境.CL更新実行区分 = 0;
+        take_all(rs, environment_fields, 実行環境);
+        if (with_backup) take_all(rs, backup_fields, 実行環境);
+    }
+    rs.Close();
+}
+
+}  // namespace
+
+bool 環境定義読込() {
+    実行環境.主接続.name = "main";
+    実行環境.設定接続.name = "config";
+    try {
+        const std::string config_path = find_installation();
+        if (config_path.empty()) {
+            実行環境.設定接続中 = false;
+            return false;
+        }
+        open_with_settings(実行環境.設定接続, config_connection_text(config_path));
+        実行環境.設定接続中 = true;
+    } catch (const ado::Error& e) {
+        message_box("SYB_OPEN ERROR" + std::to_string(e.number()) + " " + e.what() + "\r" + "sysopen error");
+        実行環境.設定接続中 = false;
+        return false;
+    }
+    read_definition();
+    read_environment(false);
+    実行環境.設定接続.Close();
+    const std::string root = 実行環境.プログラムフォルダ.substr(0, 実行環境.プログラムフォルダ.size() - 6);
+    if (実行環境.インストール区分 == 0) {
+        実行環境.設定フォルダ = root + "conf";
+        実行環境.帳票フォルダ = root + "report";
+    } else if (実行環境.インストール区分 == 1) {
+        実行環境.設定フォルダ = root + "users\\" + 実行環境.ユーザID + "\\conf";
+        実行環境.帳票フォルダ = root + "users\\" + 実行環境.ユーザID + "\\report";
+        ユーザ別環境準備();
+    }
+    open_config();
+    read_environment(true);
+    実行環境.事業所コード = 実行環境.運用事業所コード;
+    return 実行環境.設定接続中;
+}
+
+bool 主DB接続() {
+    RunContext& r = 実行環境;
+    std::string text = "Provider=" + r.プロバイダ名 + ";User ID=" + r.ユーザーID + ";Password=" + r.パスワード + ";Data Source=";
+    try {
+        if (r.db == "A") {
+            r.データベースパス = Trim(r.データソース名);
+            open_with_settings(r.主接続, text + r.データソース名 + ";");
+        } else if (r.db == "S") {
+            open_with_settings(r.主接続, text + r.サーバー名 + ";Initial Catalog=" + r.データベース名 + ";");
+        } else if (r.db == "O") {
+            open_with_settings(r.主接続, text + r.データソース名 + ";");
+        }
+        r.主接続中 = true;
+        return true;
+    } catch (const ado::Error& e) {
+        稼動履歴エラー記録("DB_OPEN ERROR" + std::to_string(e.number()) + " " + e.what());
+        return false;
+    }
+}
+
+bool 設定DB再接続() {
+    if (実行環境.設定接続中) {
+        try {
+            実行環境.設定接続.Close();
+        } catch (const ado::Error&) {
+        }
+        実行環境.設定接続中 = false;
+    }
+    try {
+        open_config();
+    } catch (const ado::Error&) {
+        実行環境.設定接続中 = false;
+    }
+    return 実行環境.設定接続中;
+}
+
+void ユーザ別環境準備() {
+    const std::string config = std::string("\\usrcnfg") + ending(実行環境.設定DB種別);
+    フォルダ作成(実行環境.設定フォルダ + config);
+    if (!ファイル存在確認(実行環境.設定フォルダ + config))
+        ファイル複写(実行環境.共通設定フォルダ + config, 実行環境.設定フォルダ + config);
+    if (実行環境.帳票DB種別 == 0) return;
+    const std::string report = std::string("\\repdb") + ending(実行環境.帳票DB種別);
+    フォルダ作成(実行環境.帳票フォルダ + report);
+    if (ファイル存在確認(実行環境.帳票フォルダ + report)) return;
+    お待ち表示();
+    std::vector<std::string> files{report, std::string("\\repfrmdb") + ending(実行環境.帳票DB種別)};
+    if (実行環境.帳票DB種別 == 2) files.push_back("\\repfrmdb.accdb");
+    for (const std::string& f : files) ファイル複写(実行環境.共通帳票フォルダ + f, 実行環境.帳票フォルダ + f);
+    Access信頼設定();
+    お待ち終了();
+}
+
+}  // namespace kalvane

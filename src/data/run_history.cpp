@@ -1,0 +1,76 @@
+#include "data/run_history.h"
+
+#include <array>
+
+#include "data/history_row.h"
+#include "data/query.h"
+#include "platform/os/clock.h"
+#include "startup/operator_record.h"
+
+namespace kalvane {
+namespace {
+
+void usage_row(const std::string& column) {
+    const std::string seat =
+        " WHERE コンピュータID = '" + 実行環境.コンピュータID + "' AND ユーザID = '" + 実行環境.ユーザID + "'";
+    ado::Recordset rs;
+    const bool found = 主DB読込(rs, "SELECT * FROM 使用状況" + seat);
+    rs.Close();
+    const std::string now = 現在日時();
+    const bool start = column == "開始日時";
+    if (found)
+        主DB実行("UPDATE 使用状況 SET プログラムID = '" + std::string(プログラムID) + "', " + column + " = '" + now + "'" + seat);
+    else
+        主DB実行("INSERT INTO 使用状況 (コンピュータID,ユーザID,プログラムID,開始日時,終了日時)VALUES ('" +
+             実行環境.コンピュータID + "', '" + 実行環境.ユーザID + "', '" + プログラムID + "', '" + (start ? now : "") +
+             "', '" + (start ? "" : now) + "')");
+}
+
+struct Retention {
+    const char* table;
+    const char* column;
+    int months;
+    int days;
+};
+constexpr std::array<Retention, 4> retentions{{
+    {"プログラム稼動履歴", "実行日付", 6, 0},
+    {"プログラム連携情報", "発信日時", 0, 3},
+    {"プログラムクリップボード", "貼付日時", 0, 3},
+    {"プログラムクリップボード明細", "貼付日時", 0, 3},
+}};
+
+std::string limit_condition(const Retention& r) {
+    DateTime t = os::now();
+    t = shift_months(t, -r.months);
+    t.date = add_days(t.date, -r.days);
+    return std::string(" FROM ") + r.table + " WHERE " + r.column + " <= '" + date_time_text(t) + "'";
+}
+
+}  // namespace
+
+void 稼動履歴開始記録(const std::string& trimmed_command_line) {
+    起動担当者読込();
+    history_row("開始 " + 引用符二重化(trimmed_command_line));
+}
+
+void 稼動履歴終了記録() {
+    if (history_row("終了")) 使用終了記録();
+}
+
+void 使用開始記録() { usage_row("開始日時"); }
+void 使用終了記録() { usage_row("終了日時"); }
+
+void 使用状況整理() {
+    主DB実行("DELETE FROM 使用状況 WHERE 終了日時 < '" + date_text(shift_months(os::today(), -1)) + "' AND 終了日時 <> ''");
+}
+
+void 履歴整理() {
+    for (const Retention& r : retentions) {
+        ado::Recordset rs;
+        const bool found = 設定DB参照(rs, "SELECT *" + limit_condition(r));
+        rs.Close();
+        if (found) 設定DB実行("DELETE" + limit_condition(r));
+    }
+}
+
+}  // namespace kalvane

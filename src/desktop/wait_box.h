@@ -1,0 +1,16 @@
+// msgお待ち: the small box that stays on top during long work.
+#pragma once
+#include "platform/screen/form.h"
+
+namespace kalvane {
+
+struct WaitBox : Form {
+    Control lab_msg;
+};
+inline WaitBox msgお待ち;
+
+// Shows it without waiting and lets the screen draw once.
+void お待ち表示();
+void お待ち終了();
+
+}  // namespace kalvane

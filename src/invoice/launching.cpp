@@ -1,0 +1,7 @@
+#include "invoice/launching.h"
+
+namespace kalvane {
+
+void 請求書印刷() {}
+
+}  // namespace kalvane

@@ -1,0 +1,13 @@
+// The line scroll bar: which of the document's lines the ten screen rows show.
+#pragma once
+
+namespace kalvane {
+
+// Enabled, range and position of the bar by the number of lines; below ten lines disabled at 0.
+void スクロール設定();
+// The bar has moved: the rows follow, the focus stays where it is.
+void 行スクロール変更();
+// Moves the bar by code, raising its range first when the position lies behind it.
+void 行スクロール(int position);
+
+}  // namespace kalvane

@@ -1,0 +1,7 @@
+#include "lists/list_window.h"
+
+namespace kalvane {
+
+void 一覧表示(Control&) {}
+
+}  // namespace kalvane

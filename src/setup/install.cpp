@@ -1,0 +1,169 @@
+#include "setup/install.h"
+
+#include <filesystem>
+#include <fstream>
+#include <optional>
+
+#include "base/date.h"
+#include "base/text.h"
+#include "base/width.h"
+#include "platform/os/clock.h"
+#include "platform/os/paths.h"
+#include "setup/content.h"
+#include "setup/schema.h"
+#include "setup/seed.h"
+#include "startup/run_context.h"
+
+namespace kalvane::setup {
+namespace fs = std::filesystem;
+namespace {
+
+constexpr std::string_view provider = "Microsoft.ACE.OLEDB.12.0";
+
+constexpr std::string_view folders[] = {"prgbin", "conf", "data", "report", "manual", "documents"};
+constexpr std::string_view programs[] = {"KalvaneOperator", "KalvaneSetup", "KalvaneInvoiceEntry"};
+
+// The configuration database comes last: with its version an installation is complete.
+struct DatabaseFile {
+    std::string_view file;
+    Database kind;
+};
+constexpr DatabaseFile databases[] = {
+    {main_file, main_database},
+    {"data/gnrdb.accdb", other_database},
+    {"report/repdb.accdb", other_database},
+    {"report/repfrmdb.accdb", other_database},
+    {config_file, config_database},
+};
+
+constexpr std::string_view manual_text =
+    "請求書入力\r\n\r\n"
+    "得意先コードを入力し、明細に商品コード、数量、単価を入力して、登録ボタンで登録します。\r\n"
+    "コードの欄で Ctrl キーを押すと一覧から選択できます。\r\n";
+
+bool holds_database(const fs::path& root) {
+    for (const DatabaseFile& row : databases)
+        if (fs::exists(fs::symlink_status(root / row.file))) return true;
+    return false;
+}
+
+void remove_databases(const fs::path& root) {
+    std::error_code ignored;
+    for (const DatabaseFile& row : databases)
+        for (std::string_view tail : {"", "-wal", "-shm", "-journal"})
+            fs::remove(root / std::string(row.file).append(tail), ignored);
+}
+
+void make_folders(const fs::path& root) {
+    for (std::string_view folder : folders) fs::create_directories(root / folder);
+}
+
+void link_programs(const fs::path& root, const fs::path& from) {
+    for (std::string_view name : programs) {
+        const fs::path target = from / name, link = root / "prgbin" / name;
+        if (!fs::exists(target)) continue;
+        if (fs::is_symlink(fs::symlink_status(link))) fs::remove(link);  // of an attempt that failed
+        fs::create_symlink(fs::canonical(target), link);
+    }
+}
+
+// The manual is asked for by the program's name in full-width letters.
+void write_manual(const fs::path& root) {
+    std::ofstream out(root / "manual" / (全角変換(プログラムID) + ".doc"), std::ios::binary);
+    out << manual_text;
+    if (!out.flush()) throw SetupError("マニュアルを書き込めません。");
+}
+
+void fill_databases(const CreateRequest& request, const std::string& root) {
+    ado::Connection open[std::size(databases)];
+    for (std::size_t i = 0; i < std::size(databases); ++i) {
+        open_database(open[i], root, databases[i].file, ado::Access::owner);
+        open[i].Execute("BEGIN");
+        for (const std::string& sql : schema_statements(databases[i].kind)) open[i].Execute(sql);
+        insert_rows(open[i], "セットアップ情報", "版 内容 作成日時",
+                    {{std::to_string(schema_version), request.content == Content::demo ? "demo" : "empty",
+                      date_time_text(os::now())}});
+    }
+    ado::Connection& main = open[0];
+    ado::Connection& config = open[std::size(databases) - 1];
+    fill_common(main, config);
+    if (request.content == Content::demo)
+        fill_demo_company(main);
+    else
+        fill_empty_company(main);
+    const fs::path at(root);
+    main.Execute("UPDATE Mユーザ SET ドキュメントフォルダ = " +
+                 literal(os::program_path((at / "documents").string())));
+    insert_rows(config, "データベース定義", "情報種類 db プロバイダ名 データソース名",
+                {{"GNR", "A", std::string(provider), os::program_path((at / main_file).string())}});
+    for (ado::Connection& connection : open) connection.Execute("COMMIT");
+    for (ado::Connection& connection : open) connection.Close();
+}
+
+}  // namespace
+
+std::string checked_root(std::string_view root) {
+    const fs::path path = fs::absolute(fs::path(root)).lexically_normal();
+    std::string native = path.string();
+    while (native.size() > 1 && native.back() == '/') native.pop_back();
+    // the program finds its root by the first "prgbin" of its path, and the path stands in connection texts
+    if (native == "/" || contains(UCase(native), "PRGBIN") ||
+        native.find_first_of(";\\\"\r\n") != std::string::npos)
+        throw SetupError("このフォルダには作成できません: " + native);
+    return native;
+}
+
+void open_database(ado::Connection& connection, const std::string& root, std::string_view file,
+                   ado::Access access) {
+    const std::string path = (fs::path(root) / file).string();
+    if (access == ado::Access::owner) connection.name = file == main_file ? "main" : "config";
+    try {
+        connection.Open("Provider=" + std::string(provider) +
+                            ";User ID=;Password=;Data Source=" + os::program_path(path) + ";",
+                        access);
+    } catch (const ado::Error& e) {
+        throw SetupError("データベースを開けません: " + path + "\n" + e.what());
+    }
+}
+
+int installed_version(std::string_view root) {
+    const std::string at = checked_root(root);
+    if (!holds_database(at)) return -1;
+    if (!fs::exists(fs::path(at) / config_file)) return 0;
+    try {
+        ado::Connection config;
+        open_database(config, at, config_file, ado::Access::program);
+        ado::Recordset rows;
+        rows.Open("SELECT 版 FROM セットアップ情報", config);
+        const int version = rows.Eof() ? 0 : static_cast<int>(rows.Fields("版").number());
+        rows.Close();
+        config.Close();
+        return version;
+    } catch (const std::runtime_error&) {  // no set-up information that could be read
+        return 0;
+    }
+}
+
+void create_installation(const CreateRequest& request) {
+    const std::string root = checked_root(request.root);
+    const int version = installed_version(root);
+    if (version == schema_version)
+        throw SetupError("同じ版 (" + std::to_string(version) +
+                         ") が既に作成されています。変更しません: " + root);
+    if (version > 0)
+        throw SetupError("別の版 (" + std::to_string(version) +
+                         ") が既に作成されています。変更しません: " + root);
+    if (version == 0)
+        throw SetupError("作成途中または別のデータベースがあります。フォルダを確認してください: " + root);
+    try {
+        make_folders(root);
+        link_programs(root, request.programs);
+        write_manual(root);
+        fill_databases(request, root);
+    } catch (const std::exception& e) {
+        remove_databases(root);
+        throw SetupError("作成できません: " + root + "\n" + e.what());
+    }
+}
+
+}  // namespace kalvane::setup

@@ -1,0 +1,104 @@
+#include "base/format.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+#include "base/failure.h"
+
+namespace kalvane {
+namespace {
+
+TEST(Format, Currency) {
+    struct Row {
+        std::int64_t units;
+        const char* pattern;
+        const char* text;
+    };
+    const Row rows[] = {
+        {0, "0", "0"},
+        {0, "###", ""},
+        {4999, "###", ""},
+        {-4999, "###", ""},
+        {5000, "###", "1"},
+        {70000, "###", "7"},
+        {0, "##0", "0"},
+        {125000, "0", "13"},  // half away from zero, also from an even digit
+        {-125000, "0", "-13"},
+        {135000, "0", "14"},
+        {124999, "0", "12"},
+        {-4000, "0", "0"},  // no minus in front of a zero
+        {-40, "0.00", "0.00"},
+        {-50, "0.00", "-0.01"},
+        {-5000, "##########0.00", "-0.50"},
+        {123456, "000", "012"},
+        {-50000, "000", "-005"},
+        {120000, "00000000", "00000012"},
+        {12345678900000, "00000000", "1234567890"},
+        {9999999999, "#,###,###,##0", "1,000,000"},
+        {9990000, "#,###,###,##0", "999"},
+        {-12345678995, "#,###,###,##0.00", "-1,234,567.90"},
+        {12345678945, "#,###,###,##0.000", "1,234,567.895"},
+        {12345678945, "#,###,###,##0.0000", "1,234,567.8945"},
+        {5, "#,###,###,##0.0000", "0.0005"},
+        {12345, "0.000000", "1.234500"},
+        {99999, "###########0.0", "10.0"},
+        {std::numeric_limits<std::int64_t>::max(), "###########0.0000", "922337203685477.5807"},
+        {std::numeric_limits<std::int64_t>::min(), "###########0", "-922337203685478"},
+    };
+    for (const Row& r : rows)
+        EXPECT_EQ(Format(通貨::from_units(r.units), r.pattern), r.text) << r.units << ' ' << r.pattern;
+}
+
+TEST(Format, WholeNumbers) {
+    EXPECT_EQ(Format(7, "00"), "07");
+    EXPECT_EQ(Format(-7, "##0"), "-7");
+    EXPECT_EQ(Format(0, "###"), "");
+    EXPECT_EQ(Format(100000000, "00000000"), "100000000");
+    EXPECT_EQ(Format(1234567, "###,##0"), "1,234,567");
+    EXPECT_EQ(Format(3, "0.0"), "3.0");
+    EXPECT_EQ(Format(std::numeric_limits<std::int64_t>::min(), "0"), "-9223372036854775808");
+}
+
+TEST(Format, DoubleRoundsItsDecimalDigits) {
+    struct Row {
+        double x;
+        const char* pattern;
+        const char* text;
+    };
+    const Row rows[] = {
+        {0.5, "0", "1"},
+        {2.5, "0", "3"},
+        {-2.5, "0", "-3"},
+        {1.005, "0.00", "1.01"},  // 1.00499… in binary
+        {-0.004, "0.00", "0.00"},
+        {-0.0, "0", "0"},
+        {0.3, "###", ""},
+        {999.995, "#,##0.00", "1,000.00"},
+        {0.95, "0.0", "1.0"},
+        {33.25, "##0.0000", "33.2500"},
+        {1e15, "0", "1000000000000000"},
+        {1e22, "#,##0", "10,000,000,000,000,000,000,000"},
+        {1e-300, "0.00", "0.00"},
+        {1.5, "000", "002"},
+    };
+    for (const Row& r : rows) EXPECT_EQ(Format(r.x, r.pattern), r.text) << r.x << ' ' << r.pattern;
+    EXPECT_THROW(Format(HUGE_VAL, "0"), RunFailure);
+}
+
+TEST(Format, AppendsAndPlainNumbers) {
+    std::string sql = "VALUES ('1',";
+    append_format(sql, 通貨::from_units(-15000), "###########0.0");
+    EXPECT_EQ(sql, "VALUES ('1',-1.5");
+    EXPECT_EQ(plain_number(通貨::whole(1200)), "1200");
+    EXPECT_EQ(plain_number(通貨::from_units(-5000)), "-0.5");
+    EXPECT_EQ(plain_number(通貨()), "0");
+    EXPECT_EQ(plain_number(33.25), "33.25");
+    EXPECT_EQ(plain_number(-0.0), "0");
+    EXPECT_EQ(plain_number(0.1), "0.1");
+    EXPECT_EQ(plain_number(12e20), "1200000000000000000000");
+}
+
+}  // namespace
+}  // namespace kalvane

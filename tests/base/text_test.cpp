@@ -1,0 +1,153 @@
+#include "base/text.h"
+
+#include <gtest/gtest.h>
+
+namespace kalvane {
+namespace {
+
+const std::string broken = "あ\xE3\x81い\xFF";  // あ, two broken bytes, い, one broken byte
+
+TEST(Text, CountsCharactersAndPageBytes) {
+    struct Row {
+        std::string text;
+        std::size_t length, bytes;
+    };
+    const Row rows[] = {
+        {"", 0, 0},
+        {"abc", 3, 3},
+        {"あいう", 3, 6},
+        {"ｱｲﾞ｡", 4, 4},
+        {"￥é", 2, 4},
+        {"𠮷野家", 3, 6},
+        {broken, 5, 10},
+        {"\xC0\x80", 2, 4},          // overlong
+        {"\xED\xA0\x80", 3, 6},      // surrogate
+        {"\xF4\x90\x80\x80", 4, 8},  // behind the last code point
+        {"\xF0\xA0\xAE", 3, 6},      // cut off
+        {std::string("a\0b", 3), 3, 3},
+    };
+    for (const Row& r : rows) {
+        EXPECT_EQ(Len(r.text), r.length) << r.text;
+        EXPECT_EQ(ByteLen(r.text), r.bytes) << r.text;
+        EXPECT_EQ(characters(r.text).size(), r.length) << r.text;
+    }
+}
+
+TEST(Text, Mid) {
+    struct Row {
+        std::string text;
+        std::size_t start, length;
+        std::string result;
+    };
+    constexpr auto rest = std::string::npos;
+    const Row rows[] = {
+        {"あいうえ", 2, 2, "いう"},
+        {"あいうえ", 4, 9, "え"},
+        {"あいうえ", 5, 1, ""},
+        {"あいうえ", 3, rest, "うえ"},
+        {"20240315", 5, 2, "03"},
+        {"abc", 1, 0, ""},
+        {"", 1, 3, ""},
+        {"abc", 0, 2, ""},
+        {broken, 2, 2, "\xE3\x81"},
+        {broken, 4, rest, "い\xFF"},
+    };
+    for (const Row& r : rows) EXPECT_EQ(Mid(r.text, r.start, r.length), r.result) << r.text << r.start;
+}
+
+TEST(Text, LeftAndRight) {
+    EXPECT_EQ(Left("あいう", 2), "あい");
+    EXPECT_EQ(Left("あいう", 7), "あいう");
+    EXPECT_EQ(Right("あいう", 2), "いう");
+    EXPECT_EQ(Right("あいう", 3), "あいう");
+    EXPECT_EQ(Right("あいう", 0), "");
+}
+
+TEST(Text, InStr) {
+    struct Row {
+        std::size_t start;
+        std::string text, find;
+        std::size_t position;
+    };
+    const Row rows[] = {
+        {1, "あいうい", "い", 2}, {3, "あいうい", "い", 4}, {5, "あいうい", "い", 0}, {0, "あい", "あ", 0},
+        {1, "あい", "う", 0},     {2, "あい", "", 2},       {3, "あい", "", 0},       {1, "", "", 0},
+        {1, "aab", "ab", 2},      {1, "あい", "\x81", 0},   {1, "あい", "\xE3", 0},   {1, "ab", "abc", 0},
+        {1, broken, "い", 4},     {1, broken, "\xFF", 5},
+    };
+    for (const Row& r : rows)
+        EXPECT_EQ(InStr(r.start, r.text, r.find), r.position) << r.text << ' ' << r.find;
+}
+
+TEST(Text, TrimsOnlyTheAsciiBlank) {
+    EXPECT_EQ(Trim("  あ い  "), "あ い");
+    EXPECT_EQ(LTrim("  a "), "a ");
+    EXPECT_EQ(RTrim("  a "), "  a");
+    EXPECT_EQ(Trim("　a　 "), "　a　");
+    EXPECT_EQ(Trim("\ta\t"), "\ta\t");
+    EXPECT_EQ(Trim("   "), "");
+    EXPECT_EQ(LTrim("   "), "");
+    EXPECT_EQ(RTrim(""), "");
+    EXPECT_TRUE(blank(""));
+    EXPECT_TRUE(blank("  "));
+    EXPECT_FALSE(blank(" 　"));
+}
+
+TEST(Text, Val) {
+    struct Row {
+        std::string text;
+        double value;
+    };
+    const Row rows[] = {
+        {"", 0},
+        {"12", 12},
+        {"  12", 12},
+        {"-12.50", -12.5},
+        {"+3", 3},
+        {"1,234", 1},
+        {"12abc", 12},
+        {"A1", 0},
+        {".5", 0.5},
+        {"5.", 5},
+        {"-", 0},
+        {".", 0},
+        {"1e5", 1},
+        {"0x10", 0},
+        {"inf", 0},
+        {"nan", 0},
+        {"--1", 0},
+        {"- 1", 0},
+        {"00012", 12},
+        {"１２", 0},
+        {"\t1", 0},
+        {"1.2.3", 1.2},
+        {"00000000", 0},
+        {"1 2", 1},
+        {"9007199254740993", 9007199254740992.0},  // tie between two doubles goes to the even one
+        {"9007199254740993.1", 9007199254740994.0},
+        {"0.1", 0.1},
+    };
+    for (const Row& r : rows) EXPECT_EQ(Val(r.text), r.value) << r.text;
+    EXPECT_GT(Val(std::string(400, '9')), 1e308);
+    EXPECT_LT(Val("-" + std::string(400, '9')), -1e308);
+    EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0);
+}
+
+TEST(Text, ReplaceFoldAndCodePoints) {
+    EXPECT_EQ(Replace("a'b''", "'", "''"), "a''b''''");
+    EXPECT_EQ(Replace("ああい", "あ", ""), "い");
+    EXPECT_EQ(Replace("abc", "", "x"), "abc");
+    EXPECT_EQ(UCase("abcＡａé1"), "ABCＡａé1");
+    EXPECT_TRUE(equal_fold("連番Id", "連番iD"));
+    EXPECT_FALSE(equal_fold("ａ", "Ａ"));
+    EXPECT_FALSE(equal_fold("ab", "abc"));
+    EXPECT_TRUE(contains("あいう", "いう"));
+    EXPECT_EQ(Space(3), "   ");
+    for (const char* c : {"A", "é", "あ", "𠮷"}) EXPECT_EQ(to_utf8(code_point(c)), c);
+    EXPECT_EQ(code_point("𠮷"), char32_t{0x20BB7});
+    EXPECT_EQ(code_point("\x81"), char32_t{0xFFFD});
+    EXPECT_EQ(valid_utf8(broken), "あい");
+}
+
+}  // namespace
+}  // namespace kalvane

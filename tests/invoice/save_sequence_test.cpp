@@ -1,0 +1,177 @@
+// The statements of a registration, in their order, and what is left when one of them fails.
+#include <gtest/gtest.h>
+
+#include "support/seat.h"
+
+namespace kalvane {
+namespace {
+
+using test::Installation;
+using test::Seat;
+
+struct Recorded {
+    std::string connection, text;
+};
+
+// Records the program's statements; the n-th (from 0) fails when asked.
+class Recorder {
+  public:
+    explicit Recorder(int fail_at = -1) {
+        ado::hook.before = [this, fail_at](const ado::Connection& c, std::string_view text) {
+            if (c.name != "main" && c.name != "config") return;
+            const bool history = text.find("プログラム稼動履歴") != std::string_view::npos;
+            statements.push_back({history ? "history" : c.name, std::string(text)});
+            if (!history && positions++ == fail_at) {
+                statements.pop_back();
+                throw ado::Error(7, "倒れました");
+            }
+        };
+    }
+    ~Recorder() { ado::hook = {}; }
+    std::vector<Recorded> statements;  // those that ran, history rows among them
+    int positions = 0;
+};
+
+// A company small enough to work every figure out by hand.
+void lay_masters(const Installation& at) {
+    for (const char* sql : {
+             "UPDATE Mユーザ SET 売上数量少数以下桁数 = '1', 売上単価少数以下桁数 = '2', 仕入数量少数以下桁数 = '1', 仕入単価少数以下桁数 = '2', "
+             "売上金額丸め方法 = '0', 仕入金額丸め方法 = '0', 更新実行区分 = '1', 伝票番号管理区分 = '0', 暗証番号有無 = '0', 決算月 = '3', 決算日 = '31'",
+             "INSERT INTO M部門 (コード, 名称) VALUES ('010', '営業部')",
+             "INSERT INTO Mセクション (コード, 名称) VALUES ('020', '第一課')",
+             "UPDATE M担当者 SET 部門コード = '010', セクションコード = '020' WHERE コード = '00001'",
+             "INSERT INTO M得意先 (コード, 名称A, 名称B, 御担当者名, 担当者コード, 消費税区分, 消費税算出区分, 消費税丸め方法, 消費税丸め桁位置, "
+             "消費税端数調整区分, 名称入力区分, 取引状況区分) VALUES ('000123', '株式会社 山田商店', '東京本店', '鈴木', '00001', '1', '2', '5', '0', "
+             "'1', '0', '1')",
+             "INSERT INTO M商品 (コード, 名称A, 名称B, 単位, 売上課税区分, 売上消費税区分, 仕入課税区分, 仕入消費税区分, 税抜販売単価, 税込販売単価, "
+             "税抜仕入単価, 税込仕入単価, 仕入先コード, 取扱状況区分) VALUES ('P1', '鉛筆', 'HB', '本', '0', '0', '0', '0', 33, 36, 20, 22, '', '1'), "
+             "('P2', 'O''Brien Pad', NULL, '冊', '0', '2', '0', '0', 100, 110, 60, 66, '', '1')"})
+        at.main(sql);
+}
+
+void type_two_lines(const Seat& seat) {
+    EntryScreen& s = seat.screen();
+    seat.enter(s.得意先コード, "123");
+    seat.enter(s.タイトル, "It's 改装");
+    seat.line(0, "P1", "10");
+    seat.line(1, "P2", "3");
+    press_focus(s.請求伝票備考A);
+}
+
+constexpr const char* series = "SELECT A番号情報.* FROM A番号情報 WHERE A番号情報.番号ID = '16240'";
+constexpr const char* tax =
+    "SELECT G消費税.* FROM G消費税 WHERE G消費税.施行日 <= '20240410' ORDER BY G消費税.施行日 DESC";
+
+TEST(請求登録, 文の順序) {
+    const Installation at(setup::Content::empty);
+    lay_masters(at);
+    Seat seat(at);
+    type_two_lines(seat);
+    Recorder recorder;
+    click(seat.screen().btn_登録);
+    const std::vector<std::pair<const char*, std::string>> expected{
+        {"config", "SELECT * FROM 動作環境定義 WHERE 動作環境定義ID = '001'"},
+        {"main", "SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = '00001'"},
+        {"main",
+         "SELECT 担当者別操作許可プログラム.* FROM 担当者別操作許可プログラム WHERE 担当者別操作許可プログラム.担当者コード = '00001' AND "
+         "担当者別操作許可プログラム.業務メニュ = 'Kalvane' AND 担当者別操作許可プログラム.プログラムID = 'KalvaneInvoiceEntry'"},
+        {"config", "SELECT * FROM Kalvane WHERE プログラムID = 'KalvaneInvoiceEntry'"},
+        {"main", tax},
+        {"main", tax},
+        {"main", tax},
+        {"main", tax},
+        {"main", series},
+        {"main", series},
+        {"main", "UPDATE A番号情報 SET  連番 = '00000001' WHERE A番号情報.番号ID = '16240'"},
+        {"main", "SELECT TOP 1 営業請求No FROM T営業請求 WHERE 事業所コード = '000' AND 番号基準日付 = '99999999' AND 営業請求No = '00000001'"},
+        {"main", series},
+        {"main", "UPDATE A番号情報 SET  履歴連番 = '00000001' WHERE A番号情報.番号ID = '16240'"},
+        {"main", "SELECT TOP 1 営業請求No FROM R営業請求 WHERE 事業所コード = '000' AND 番号基準日付 = '99999999' AND 営業請求履歴No = '00000001'"},
+        {"main", "INSERT INTO [T営業請求] ("},
+        {"history", "INSERT INTO プログラム稼動履歴 "},
+        {"main", "INSERT INTO [R営業請求] ("},
+        {"main", "INSERT INTO [T営業請求明細] ("},
+        {"main", "INSERT INTO [R営業請求明細] ("},
+        {"main", "INSERT INTO [T営業請求明細] ("},
+        {"main", "INSERT INTO [R営業請求明細] ("},
+        {"main",
+         "INSERT INTO [未集計情報] "
+         "([事業所コード],[番号ID],[番号基準日付],[履歴No],[赤黒区分],[伝票No],[追加キー項目],[データフラグ],[登録情報区分],[予備項目]) "
+         "VALUES ('000','16240','99999999','00000001','1','00000001','','0','0','tanaka00001SEAT01')"},
+        {"history", "INSERT INTO プログラム稼動履歴 "},
+        {"main", series},
+        {"main", series},
+    };
+    ASSERT_EQ(recorder.statements.size(), expected.size());
+    for (std::size_t i = 0; i < expected.size(); ++i) {
+        EXPECT_EQ(recorder.statements[i].connection, expected[i].first) << i;
+        EXPECT_EQ(recorder.statements[i].text.substr(0, expected[i].second.size()), expected[i].second) << i;
+    }
+    EXPECT_EQ(recorder.statements[15].text,
+              "INSERT INTO [T営業請求] ([事業所コード],[番号基準日付],[営業請求No],[営業見積事業所コード],[営業見積番号基準日付],[営業見積No],"
+              "[顧客注文事業所コード],[顧客注文番号基準日付],[顧客注文No],[営業納品事業所コード],[営業納品番号基準日付],[営業納品No],[参照営業請求事業所コード],"
+              "[参照営業請求番号基準日付],[参照営業請求No],[営業請求日付],[得意先コード],[得意先名称A],[得意先名称B],[得意先御担当者コード],[御担当者名],"
+              "[担当者コード],[部門コード],[セクションコード],[納品先コード],[納品先名称A],[納品先名称B],[タイトル],[支払条件],[消費税表示区分],[合計表示区分],"
+              "[請求伝票備考A],[請求伝票備考B],[請求数量合計],[請求金額合計],[税抜請求金額合計],[請求消費税合計],[税込請求金額合計],[仕入数量合計],[仕入金額合計],"
+              "[税抜仕入金額合計],[仕入消費税合計],[税込仕入金額合計],[得意先消費税区分],[得意先消費税算出区分],[得意先消費税丸め方法],[得意先消費税丸め桁位置],"
+              "[得意先消費税端数調整区分],[得意先名称入力区分],[納品先名称入力区分],[出荷完了区分],[売上完了区分],[完了フラグ],[伝票発行区分],[営業請求メモ],"
+              "[承認日付],[承認者コード],[承認区分],[ユーザID],[登録日付],[更新日付]) VALUES ('000','99999999','00000001','','',"
+              "'','','','','','','','','','','20240410','000123','株式会社 山田商店','東京本店','','鈴木','00001',"
+              "'010','020','','','','It''s 改装','','1','1','','',13.0,660,630,63,693,13.0,380,380,38,"
+              "418,'1','2','5','0','1','0','1','0','0','0','0','','','','','tanaka00001SEAT01',"
+              "'20240410 093000','')");
+    EXPECT_EQ(recorder.statements[19].text,
+              "INSERT INTO [R営業請求明細] ([事業所コード],[番号基準日付],[営業請求履歴No],[赤黒区分],[営業請求No],[営業請求固有行No],"
+              "[営業請求行No],[営業請求日付],[得意先コード],[担当者コード],[部門コード],[セクションコード],[納品先コード],[行区分],[商品コード],[商品名],"
+              "[請求数量],[請求単位],[請求単価],[請求金額],[請求消費税],[売上課税区分],[売上消費税区分],[仕入先コード],[仕入先名称A],[仕入数量],[仕入単位],"
+              "[仕入単価],[仕入金額],[仕入消費税],[仕入課税区分],[仕入消費税区分],[計区分],[商品売上課税区分],[商品売上消費税区分],[商品仕入課税区分],"
+              "[商品仕入消費税区分],[商品税抜販売単価],[商品税抜仕入単価],[商品税込販売単価],[商品税込仕入単価],[商品名称入力区分],[仕入先消費税区分],"
+              "[仕入先消費税算出区分],[仕入先消費税丸め方法],[仕入先消費税丸め桁位置],[仕入先消費税端数調整区分],[仕入先名称入力区分],[出荷数量],[税抜出荷金額],"
+              "[税込出荷金額],[売上数量],[税抜売上金額],[税込売上金額],[明細完了区分],[明細完了日付],[明細メモ],[承認日付],[承認者コード],[承認区分],"
+              "[ユーザID],[登録日付],[更新日付]) VALUES ('000','99999999','00000001','1','00000001','001','001',"
+              "'20240410','000123','00001','010','020','','1','P1','鉛筆HB',10.0,'本',33.00,330,33,'0',"
+              "'1','','',10.0,'本',20.00,200,20,'0','1','1','0','0','0','0',33.00,20.00,36.00,22.00,'1',"
+              "'1','1','5','0','0','0',0.0,0,0,0.0,0,0,'0','','','','','0','tanaka00001SEAT01',"
+              "'20240410 093000','')");
+    // the second line is priced tax-in: 100 and its tax of 10, three times
+    EXPECT_NE(recorder.statements[20].text.find("'P2','O''Brien Pad',3.0,'冊',110.00,330,30,'0','2'"), std::string::npos);
+}
+
+// With a statement failing at each position in turn, the rest of the sequence runs as it would: what was let
+// through stands in the database, nothing else does, and the failure stands in the run history.
+TEST(請求登録, 一文ずつの失敗) {
+    const Installation at(setup::Content::empty);
+    lay_masters(at);
+    at.keep();
+    const std::string tables[] = {
+        "SELECT * FROM T営業請求",     "SELECT * FROM T営業請求明細 ORDER BY 営業請求行No", "SELECT * FROM R営業請求",
+        "SELECT * FROM R営業請求明細 ORDER BY 営業請求行No", "SELECT * FROM 未集計情報",      "SELECT * FROM A番号情報 ORDER BY 番号ID"};
+    int positions = 1;
+    for (int n = 0; n < positions; ++n) {
+        SCOPED_TRACE(n);
+        at.restore();
+        std::vector<Recorded> ran;
+        {
+            Seat seat(at);
+            type_two_lines(seat);
+            Recorder recorder(n);
+            click(seat.screen().btn_登録);
+            ran = recorder.statements;
+            if (n == 0) positions = 25;
+            EXPECT_FALSE(process_ended());
+            EXPECT_FALSE(failed_in_dispatch());
+        }
+        std::string program;
+        for (const std::string& t : tables) program += at.main(t) + "\n\n";
+        EXPECT_EQ(at.config("SELECT COUNT(*) FROM プログラム稼動履歴 WHERE 摘要 LIKE 'エラー %倒れました'"), "1");
+        at.restore();
+        for (const Recorded& r : ran)
+            if (r.connection == "main" && !r.text.starts_with("SELECT")) at.main(r.text);
+        std::string replayed;
+        for (const std::string& t : tables) replayed += at.main(t) + "\n\n";
+        EXPECT_EQ(program, replayed);
+    }
+}
+
+}  // namespace
+}  // namespace kalvane

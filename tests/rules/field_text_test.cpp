@@ -1,0 +1,128 @@
+#include "rules/field_text.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/screen/form.h"
+
+namespace kalvane {
+namespace {
+
+TEST(FieldText, LimitsInBytes) {
+    struct Row {
+        std::string text;
+        int limit, over;
+        std::string cut;
+    };
+    const Row rows[] = {
+        {"ABCDEFG", 4, 3, "ABCD"},
+        {"あいう", 5, 1, "あい"},
+        {"あいう", 6, 0, "あいう"},
+        {"あいう", 4, 1, "あい"},
+        {"あいうえ", 4, 2, "あい"},
+        {"ｱｲｳ", 3, 0, "ｱｲｳ"},
+        {"ｱあ", 2, 1, "ｱ"},
+        {"A", 0, 1, ""},
+        {"", 0, 0, ""},
+        {"AB", -1, 3, ""},
+        {"𠮷田", 3, 1, "𠮷"},
+        {"あ\xE3", 3, 1, "あ"},
+        {std::string(10000, 'a'), 40, 9960, std::string(40, 'a')},
+    };
+    for (const Row& r : rows) {
+        EXPECT_EQ(文字数超過(r.text, r.limit), r.over) << r.text;
+        EXPECT_EQ(文字数切詰(r.text, r.limit), r.cut) << r.text;
+    }
+}
+
+TEST(FieldText, 文字数確認) {
+    Form form;
+    Control notice;
+    form.notice = &notice;
+    open_forms = {&form};
+    notice.caption = "前の案内";
+    文字数確認("ABCDEFG", 4);
+    EXPECT_EQ(notice.caption, "3文字オーバーです。");
+    文字数確認("ABCD", 4);
+    EXPECT_EQ(notice.caption, "");
+    open_forms.clear();
+}
+
+TEST(FieldText, Patterns) {
+    struct Row {
+        int decimals;
+        const char *display, *sql;
+    };
+    const Row rows[] = {
+        {0, "#,###,###,##0", "###########0"},          {1, "#,###,###,##0.0", "###########0.0"},
+        {2, "#,###,###,##0.00", "##########0.00"},     {3, "#,###,###,##0.000", "##########0.000"},
+        {4, "#,###,###,##0.0000", "##########0.0000"}, {5, "#,###,###,##0", "###########0"},
+        {-1, "#,###,###,##0", "###########0"},
+    };
+    for (const Row& r : rows) {
+        EXPECT_STREQ(数値表示書式(r.decimals), r.display);
+        EXPECT_STREQ(数値SQL書式(r.decimals), r.sql);
+    }
+}
+
+TEST(FieldText, Ranges) {
+    EXPECT_EQ(九文字列(3), "999");
+    EXPECT_EQ(Z文字列(2), "ZZ");
+    EXPECT_EQ(九文字列(0), "");
+    EXPECT_EQ(Z文字列(-4), "");
+    EXPECT_EQ(範囲下限("あ1"), "00");
+    EXPECT_EQ(範囲下限(""), "");
+    EXPECT_EQ(範囲上限("あ1", 5), "99");
+    EXPECT_EQ(範囲上限("", 5), "ZZZZZ");
+}
+
+TEST(FieldText, 桁揃え) {
+    struct Row {
+        const char *value, *pattern, *result;
+    };
+    const Row rows[] = {
+        {"12", "000000", "000012"},
+        {"12", "00000000", "00000012"},
+        {"12345678", "000000", "123456"},
+        {"1.5", "000", "002"},
+        {"", "000", ""},
+        {"12", "", "12"},
+        {"A12", "000000", "A12"},
+        {"A1234567", "000000", "A12345"},
+        {"-5", "000", "-00"},
+        {"1.2.3", "000000", "1.2.3"},
+        {"1,5", "0000", "1,5"},
+        {" 12", "000000", " 12"},
+        {"-", "000", "-"},
+        {"あいうえ", "000", "あいう"},
+        {"１２", "000000", "１２"},
+    };
+    for (const Row& r : rows) EXPECT_EQ(桁揃え(r.value, r.pattern), r.result) << r.value << ' ' << r.pattern;
+}
+
+TEST(FieldText, Extracts) {
+    EXPECT_EQ(数字抽出("〒123-45 ６７a8"), "123458");
+    EXPECT_EQ(百分率除去("%50%引き%"), "50引き");
+    struct Row {
+        const char *typed, *code;
+    };
+    const Row rows[] = {
+        {"", ""},
+        {"    ", ""},
+        {"   -", ""},
+        {"   -  ", ""},
+        {"1234567", "1234567"},
+        {"123-4567", "123-4567"},
+        {"123 4567  ", "123-4567"},
+        {"〒123-4567", "123-4567"},
+        {"123ー4567", "123-4567"},
+        {"-1234567", "1234567"},
+        {"12-34-567", "12-34567"},
+        {"--123", "-123"},
+        {"123-", "123-"},
+        {"１２3", "-3"},
+    };
+    for (const Row& r : rows) EXPECT_EQ(郵便番号編集(r.typed), r.code) << r.typed;
+}
+
+}  // namespace
+}  // namespace kalvane

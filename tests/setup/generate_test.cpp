@@ -1,0 +1,110 @@
+#include "setup/generate.h"
+
+#include "base/text.h"
+#include "installation.h"
+#include "platform/os/clock.h"
+
+namespace kalvane {
+namespace {
+
+using test::command;
+using test::Installation;
+
+// Three years up to 2020-03-31 begin on 2017-04-01 and hold the change of the rate on 2019-10-01.
+struct Generate : testing::Test {
+    void SetUp() override { os::freeze_clock({{2020, 3, 31}, 12, 0, 0}); }
+    void TearDown() override { os::release_clock(); }
+
+    static test::Outcome generate(const Installation& installation, int invoices, int lines, int seed) {
+        return command({"generate", installation.root, "--invoices", std::to_string(invoices), "--lines",
+                        std::to_string(lines), "--seed", std::to_string(seed)});
+    }
+};
+
+TEST_F(Generate, KeepsCountersAndTotalsInStep) {
+    const Installation demo;
+    ASSERT_EQ(generate(demo, 120, 3, 7).status, 0);
+    ASSERT_EQ(generate(demo, 30, 0, 7).status, 0);
+    EXPECT_EQ(demo.rows("SELECT 連番, 履歴連番 FROM A番号情報 WHERE 番号ID = '16240'"), "00000150|00000000");
+    EXPECT_EQ(
+        demo.rows(
+            "SELECT COUNT(*), COUNT(DISTINCT 営業請求No), MIN(営業請求No), MAX(営業請求No) FROM T営業請求"),
+        "150|150|00000001|00000150");
+    EXPECT_EQ(demo.rows("SELECT COUNT(*) FROM T営業請求明細"), "360");
+    EXPECT_EQ(
+        demo.rows(
+            "SELECT MIN(営業請求日付), MAX(営業請求日付) FROM T営業請求 WHERE 営業請求No <= '00000120'"),
+        "20170401|20200322");  // 119 * 1096 / 120 = 1086 days on
+    EXPECT_EQ(demo.rows("SELECT COUNT(*) FROM R営業請求"), "0");
+
+    // tax of the lines at the rate of their day, amounts from quantity and price, sums in the header
+    EXPECT_EQ(
+        demo.rows(
+            "SELECT COUNT(*) FROM T営業請求明細 WHERE 請求消費税 <> 請求金額 * (CASE WHEN 営業請求日付 < "
+            "'20191001' THEN 8 ELSE 10 END) / 100 OR 請求金額 <> CAST(請求数量 * 請求単価 AS INTEGER)"),
+        "0");
+    EXPECT_EQ(
+        demo.rows(
+            "SELECT COUNT(*) FROM T営業請求 AS H WHERE 営業請求No <= '00000120' AND (請求金額合計 <> (SELECT "
+            "SUM(請求金額) FROM T営業請求明細 AS L WHERE L.事業所コード = H.事業所コード AND L.営業請求No = "
+            "H.営業請求No) OR 請求消費税合計 <> (SELECT SUM(請求消費税) FROM T営業請求明細 AS L WHERE "
+            "L.事業所コード = H.事業所コード AND L.営業請求No = H.営業請求No) OR 税込請求金額合計 <> "
+            "請求金額合計 + "
+            "請求消費税合計)"),
+        "0");
+    // the document lies at the site of the customer's salesperson
+    EXPECT_EQ(demo.rows("SELECT COUNT(*) FROM T営業請求 AS H WHERE 事業所コード <> (SELECT 事業所コード FROM "
+                        "M担当者 WHERE "
+                        "コード = H.担当者コード)"),
+              "0");
+    EXPECT_EQ(demo.rows("SELECT COUNT(DISTINCT 事業所コード) FROM T営業請求"), "3");
+    EXPECT_EQ(demo.rows("SELECT COUNT(*) FROM T営業請求 WHERE 請求金額合計 = 0"), "0");
+}
+
+TEST_F(Generate, FollowsItsSeed) {
+    const auto rows = [](int seed) {
+        const Installation demo;
+        EXPECT_EQ(generate(demo, 20, 2, seed).status, 0);
+        return demo.rows("SELECT * FROM T営業請求") + demo.rows("SELECT * FROM T営業請求明細");
+    };
+    const std::string first = rows(1);
+    EXPECT_EQ(first, rows(1));
+    EXPECT_NE(first, rows(2));
+    EXPECT_EQ(first.find("NULL"), std::string::npos);
+}
+
+// A failing statement takes its batch back: what stands is whole, and the counter with it.
+TEST_F(Generate, FailureLeavesWholeBatches) {
+    const Installation demo;
+    ado::hook.before = [](const ado::Connection&, std::string_view sql) {
+        if (sql.starts_with("UPDATE A番号情報")) throw ado::Error(13, "disk full");
+    };
+    const auto failed = generate(demo, 10, 1, 1);
+    ado::hook = {};
+    EXPECT_EQ(failed.status, 1);
+    EXPECT_NE(failed.err.find("disk full"), std::string::npos) << failed.err;
+    EXPECT_EQ(demo.rows("SELECT COUNT(*) FROM T営業請求"), "0");
+    EXPECT_EQ(generate(demo, 10, 1, 1).status, 0);
+    EXPECT_EQ(demo.rows("SELECT COUNT(*) FROM T営業請求"), "10");
+}
+
+TEST_F(Generate, RefusesWhatItCannotNumber) {
+    const Installation empty(setup::Content::empty);
+    EXPECT_EQ(generate(empty, 1, 1, 1).status, 1);  // no customer
+
+    const Installation demo;
+    for (const char* change :
+         {"UPDATE A番号情報 SET 連番種類 = '1'", "UPDATE Mユーザ SET 伝票番号管理区分 = '1'",
+          "UPDATE A番号情報 SET 連番 = '99999999'"}) {
+        demo.run(change);
+        EXPECT_EQ(generate(demo, 1, 1, 1).status, 1) << change;
+        demo.run("UPDATE A番号情報 SET 連番種類 = '0', 連番 = '00000000'");
+        demo.run("UPDATE Mユーザ SET 伝票番号管理区分 = '0'");
+    }
+    EXPECT_EQ(generate(demo, 1, 1, 1).status, 0);
+    demo.run("UPDATE セットアップ情報 SET 版 = '0'", setup::config_file);
+    EXPECT_EQ(generate(demo, 1, 1, 1).status, 1);
+}
+
+}  // namespace
+}  // namespace kalvane
