@@ -13,6 +13,7 @@
 #include "platform/os/files.h"
 #include "platform/os/paths.h"
 #include "platform/os/process.h"
+#include "platform/os/secrets.h"
 #include "platform/screen/host.h"
 #include "startup/run_context.h"
 
@@ -115,6 +116,7 @@ std::string find_installation() {
     std::string config_path;
     実行環境.設定DB種別 = file_kind(p + "conf\\usrcnfg", config_path);
     実行環境.共通設定フォルダ = p + "conf";
+    os::set_key_file(実行環境.共通設定フォルダ + "\\" + os::key_file_name);
     実行環境.共通帳票フォルダ = p + "report";
     実行環境.マニュアルフォルダ = p + "manual";
     std::string report_path;
@@ -201,6 +203,7 @@ bool 主DB接続() {
 }
 
 bool 設定DB再接続() {
+    ado::force_logs();
     if (実行環境.設定接続中) {
         try {
             実行環境.設定接続.Close();

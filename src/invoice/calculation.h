@@ -9,8 +9,8 @@
 namespace kalvane {
 
 // Values of 行区分.
-inline constexpr std::int16_t ordinary_line = 1, subtotal_line = 2, middle_total_line = 3, large_total_line = 4,
-                              grand_total_line = 5;
+inline constexpr std::int16_t ordinary_line = 1, subtotal_line = 2, middle_total_line = 3,
+                              large_total_line = 4, grand_total_line = 5;
 
 // Tax classes of the line from the product, the customer and the supplier.
 void 明細税区分設定(int i);

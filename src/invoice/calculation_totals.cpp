@@ -100,9 +100,9 @@ constexpr LineMoney summed[] = {&LineRecord::請求数量, &LineRecord::請求�
 // Four calls, each rounded by itself.
 通貨 document_tax() {
     const HeaderRecord& head = 請求ヘッダ;
-    const auto tax = [&head](通貨 amount, std::int16_t kind, std::int16_t previous) {
-        return 消費税計算(amount, kind, head.得意先消費税丸め方法, head.得意先消費税丸め桁位置,
-                          head.営業請求日付, previous);
+    const auto tax = [](通貨 amount, std::int16_t kind, std::int16_t previous) {
+        return 消費税計算(amount, kind, 請求ヘッダ.得意先消費税丸め方法, 請求ヘッダ.得意先消費税丸め桁位置,
+                          請求ヘッダ.営業請求日付, previous);
     };
     通貨 sum = tax(head.売上旧税内税額, 2, 1);
     sum += tax(head.売上課税内税額, 2, 0);

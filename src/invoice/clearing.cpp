@@ -76,7 +76,7 @@ void 明細固有項目初期化(int i) {
     for (auto m : {&LineRecord::営業請求固有行No, &LineRecord::承認日付, &LineRecord::承認者コード, &LineRecord::登録日付,
                    &LineRecord::更新日付, &LineRecord::仕入先対応先コード})
         (l.*m).clear();
-    l.承認区分 = "0";
+    l.承認区分.assign(1, '0');
 }
 
 void 新規伝票初期化() {

@@ -1,9 +1,11 @@
 #include "invoice/events.h"
 
 #include "invoice/clear_button.h"
+#include "invoice/deleting.h"
 #include "invoice/field_changes.h"
 #include "invoice/focus.h"
 #include "invoice/launching.h"
+#include "invoice/navigation.h"
 #include "invoice/save_dialogue.h"
 #include "invoice/screen_display.h"
 #include "invoice/scrolling.h"
@@ -89,7 +91,8 @@ constexpr RowRequest row_list_buttons[] = {
 void request_by_panel(Control& panel) {
     if (guarded()) return;
     for (const Request& r : panel_requests)
-        if (&(screen().*r.panel) == &panel) 入力順序確認(screen().*r.field);
+        if (Control& field = screen().*r.field; &(screen().*r.panel) == &panel && !入力順序確認(field))
+            ヘッド項目移動(field);  // from a button or a check box, which are no fields of the flow
 }
 
 void list_by_button(Control& button) {
@@ -104,7 +107,8 @@ void list_by_button(Control& button) {
 void request_product_code(Control& panel) {
     if (guarded()) return;
     const int row = panel.row >= 0 ? panel.row : 実行環境.現在画面行;
-    入力順序確認(screen().商品コード[static_cast<std::size_t>(row)]);
+    Control& code = screen().商品コード[static_cast<std::size_t>(row)];
+    if (!入力順序確認(code)) 明細項目移動(code);
 }
 
 // --- the frame
@@ -121,6 +125,9 @@ void flip_suppliers() {
 void close_screen() { unload_form(screen()); }
 constexpr ButtonAction button_actions[] = {
     {&EntryScreen::btn_登録, 登録要求},
+    {&EntryScreen::btn_削除, 削除処理},
+    {&EntryScreen::btn_前No, 前No表示},
+    {&EntryScreen::btn_次No, 次No表示},
     {&EntryScreen::btn_画面クリア, 画面クリア},
     {&EntryScreen::btn_仕入先表示, flip_suppliers},
     {&EntryScreen::btn_終了, close_screen},
@@ -153,8 +160,8 @@ void sentinel(Control& c) {
 
 void wire_field(Control& c, const ScreenField& f) {
     if (f.area == Area::none && f.store == Store::none) return;
+    c.GotFocus = got_focus;
     c.LostFocus = lost_focus;
-    if (f.area != Area::none) c.GotFocus = got_focus;
     if (f.limit_notice) c.Change = text_changed;
     if (f.store == Store::head_digit || f.store == Store::line_kind || f.store == Store::line_check ||
         f.store == Store::head_check)
@@ -188,6 +195,7 @@ void 画面イベント設定() {
         if (f.rows)
             for (Control& c : s.*f.rows) wire_field(c, f);
     }
+    s.List付属書類.GotFocus = got_focus;
     s.List付属書類.LostFocus = lost_focus;
     for (const Request& r : panel_requests) (s.*r.panel).Click = request_by_panel;
     for (const Request& r : list_buttons) (s.*r.panel).Click = list_by_button;

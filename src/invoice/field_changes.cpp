@@ -55,10 +55,11 @@ void leave_head_code(Control& c, const ScreenField& f) {
     const std::string text = masked(c, f);
     for (const HeadCode& h : head_codes) {
         if (&(screen().*h.field) != &c) continue;
-        if (!h.decide(text)) return;
-        画面表示();
-        スクロール設定();
-        finish();
+        bool changed = false;
+        読込表示([&] { changed = h.decide(text); });
+        if (!changed) return;
+        画面再表示();
+        案内表示();
         return;
     }
 }

@@ -159,7 +159,12 @@ void 明細項目移動(Control& field) {
 void テイル項目移動(Control& field) { フォーカス設定(field); }
 
 void 離脱項目移動() {
-    if (実行環境.離脱コントロール) フォーカス設定(*実行環境.離脱コントロール);
+    Control* left = 実行環境.離脱コントロール;
+    if (!left) return;
+    if (left->row >= 0)
+        明細項目移動(*left);
+    else
+        フォーカス設定(*left);
 }
 
 void 未入力項目移動(const Gap& gap) {

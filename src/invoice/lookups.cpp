@@ -230,7 +230,7 @@ std::string statement(const Master& m, const std::string& code) {
 
 bool exists(const Master& m, const std::string& code) {
     ado::Recordset& rs = recordset(m);
-    if (could_be_typed(code)) {
+    if (could_be_typed(code) && (!m.owner || could_be_typed(請求ヘッダ.*m.owner))) {
         if (!主DB読込(rs, statement(m, code))) return false;
         if (codes_could_be_typed(rs, m.head) && codes_could_be_typed(rs, m.line)) return true;
     }

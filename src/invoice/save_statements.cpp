@@ -5,6 +5,7 @@
 #include "data/query.h"
 #include "invoice/document.h"
 #include "invoice/document_sql.h"
+#include "rules/free_number.h"
 #include "rules/number_allocation.h"
 #include "startup/run_context.h"
 #include "startup/session.h"
@@ -29,18 +30,6 @@ bool has_row(const std::string& sql) {
     const bool found = 主DB読込(rs, sql);
     rs.Close();
     return found;
-}
-
-// The next number that no row holds. A series that gives none, "00000000" or the same number again would
-// never end; its number is taken as it is.
-template <class Next, class Taken>
-std::string free_number(Next next, Taken taken) {
-    std::string number = next();
-    for (std::string former; !number.empty() && number != "00000000" && number != former && taken(number);) {
-        former = number;
-        number = next();
-    }
-    return number;
 }
 
 std::string site_and_date() {
@@ -110,7 +99,7 @@ bool 営業請求No確定() {
     };
     if (!次番号参照(請求番号ID, 実行環境.番号基準日付, 実行環境.事業所コード).empty()) {
         実行環境.営業請求No =
-            free_number([] { return 番号採番(請求番号ID, 実行環境.番号基準日付, 実行環境.事業所コード); },
+            空き番号([] { return 番号採番(請求番号ID, 実行環境.番号基準日付, 実行環境.事業所コード); },
                         [&](const std::string& n) { return taken("SELECT TOP 1 営業請求No FROM T営業請求", n); });
         return true;
     }
@@ -120,7 +109,7 @@ bool 営業請求No確定() {
 }
 
 std::string 営業請求履歴No採番() {
-    return free_number([] { return 履歴番号採番(請求番号ID, 実行環境.番号基準日付, 実行環境.事業所コード); },
+    return 空き番号([] { return 履歴番号採番(請求番号ID, 実行環境.番号基準日付, 実行環境.事業所コード); },
                        [](const std::string& n) {
                            return has_row("SELECT TOP 1 営業請求No FROM R営業請求" + site_and_date() +
                                           " AND 営業請求履歴No = '" + n + "'");

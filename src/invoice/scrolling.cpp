@@ -16,9 +16,11 @@ void スクロール設定() {
         return;
     }
     constexpr int full = 998, last_position = 988;
+    const int position = 実行環境.先頭行;
     set_enabled(bar, true);
-    set_scroll_range(bar, 0, lines < full ? lines - screen_rows + 1 : last_position);
-    set_number(bar, 実行環境.先頭行);
+    // a gap may have been shown at the head of a page that lies behind the range
+    set_scroll_range(bar, 0, std::max(lines < full ? lines - screen_rows + 1 : last_position, position));
+    set_number(bar, position);
 }
 
 void 行スクロール変更() {
@@ -45,6 +47,12 @@ void 行スクロール(int position) {
     Control& bar = frmKalvaneInvoiceEntry.scl_行;
     if (position > bar.scroll_max) set_scroll_range(bar, bar.scroll_min, position);
     set_number(bar, position);
+}
+
+void 画面再表示() {
+    画面表示();
+    スクロール設定();
+    ボタン状態更新();
 }
 
 }  // namespace kalvane

@@ -10,4 +10,18 @@ void 行スクロール変更();
 // Moves the bar by code, raising its range first when the position lies behind it.
 void 行スクロール(int position);
 
+// Everything anew after another document has come: all areas, the bar, the buttons.
+void 画面再表示();
+// Runs work that loads a document. A loader that fails has cleared the document: it is shown so, and the
+// failure goes on.
+template <class Work>
+void 読込表示(Work work) {
+    try {
+        work();
+    } catch (...) {
+        画面再表示();
+        throw;
+    }
+}
+
 }  // namespace kalvane

@@ -3,8 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <map>
-#include <tuple>
 
 #include "base/format.h"
 #include "base/text.h"
@@ -151,18 +149,14 @@ std::string form_text(const Form& form) {
     std::vector<const Control*> shown;
     for (const Control* c : form.controls)
         if (on_show(*c)) shown.push_back(c);
-    std::map<int, int> row_places;  // of a screen row, the lowest tab index of its fields
-    for (const Control* c : shown) {
-        if (c->row < 0 || is_captioned(*c)) continue;
-        int& place = row_places.emplace(c->row, c->tab_index).first->second;
-        place = std::min(place, c->tab_index);
+    // in the order of their making, the fields of a screen row together
+    const auto in_row = [](const Control* c) { return c->row >= 0; };
+    for (auto from = shown.begin(); from != shown.end();) {
+        from = std::find_if(from, shown.end(), in_row);
+        const auto to = std::find_if_not(from, shown.end(), in_row);
+        std::stable_sort(from, to, [](const Control* a, const Control* b) { return a->row < b->row; });
+        from = to;
     }
-    const auto place_of = [&row_places](const Control* c) {
-        const auto row = c->row < 0 ? row_places.end() : row_places.find(c->row);
-        return std::tuple(row == row_places.end() ? c->tab_index : row->second, c->row, c->tab_index);
-    };
-    std::stable_sort(shown.begin(), shown.end(),
-                     [&place_of](const Control* a, const Control* b) { return place_of(a) < place_of(b); });
     std::string text = "window " + form.name + " " + on_one_line(form.caption) + "\n";
     int row = -1;  // of the line being built
     bool begun = false;

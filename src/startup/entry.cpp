@@ -1,6 +1,7 @@
 #include "startup/entry.h"
 
 #include <array>
+#include <exception>
 
 #include "base/format.h"
 #include "base/text.h"
@@ -14,7 +15,6 @@
 #include "invoice/screen_display.h"
 #include "invoice/scrolling.h"
 #include "platform/os/clock.h"
-#include "platform/os/files.h"
 #include "platform/os/process.h"
 #include "platform/screen/host.h"
 #include "startup/command_line.h"
@@ -27,9 +27,10 @@ namespace {
 
 EntryScreen& screen() { return frmKalvaneInvoiceEntry; }
 
+// The box, then the end; what ended the process while the box stood may have closed everything already.
 void end_with(const char* words) {
     message_box(words);
-    終了処理();
+    if (!process_ended() || 実行環境.設定接続中 || 実行環境.主接続中) 終了処理();
     end_process();
 }
 
@@ -125,11 +126,6 @@ void start() {
     if (Control* first = next_stop(screen(), 実行環境.先頭コントロール->tab_index)) set_focus(*first);
 }
 
-void end_after_failure(const char* text) {
-    message_box(text);
-    強制終了();
-}
-
 // Titles of the family's own programs; any other program stands for itself.
 struct Title {
     const char* program;
@@ -148,12 +144,9 @@ constexpr std::array<Title, 5> titles{{
 void 起動処理() {
     try {
         start();
-    } catch (const RunFailure& e) {
-        end_after_failure(e.what());
-    } catch (const ado::Error& e) {
-        end_after_failure(e.what());
-    } catch (const os::FileError& e) {
-        end_after_failure(e.what());
+    } catch (const std::exception& e) {
+        マウスホイール終了();
+        end_with(e.what());
     }
     force_logs_now();
 }

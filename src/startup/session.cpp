@@ -2,12 +2,12 @@
 
 #include <cstring>
 
+#include "base/failure.h"
 #include "base/text.h"
 #include "data/configuration.h"
 #include "data/linkage.h"
 #include "data/run_history.h"
 #include "data/sql_text.h"
-#include "base/failure.h"
 #include "platform/os/clock.h"
 #include "platform/os/files.h"
 #include "platform/os/process.h"
@@ -60,8 +60,13 @@ bool データベース起動() {
 }
 
 void 終了処理() {
-    if (!実行環境.起動連携情報.empty()) 連携応答(実行環境.終了連携情報);
+    try {
+        if (!実行環境.起動連携情報.empty()) 連携応答(実行環境.終了連携情報);
+    } catch (const RunFailure&) {
+        // a column that the table no longer has must not keep the program from ending
+    }
     稼動履歴終了記録();
+    ado::force_logs();  // the documents before the history that tells of them
     close_quietly(実行環境.設定接続, 実行環境.設定接続中);
     close_quietly(実行環境.主接続, 実行環境.主接続中);
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <string_view>
 
 #include "base/text.h"
@@ -42,7 +43,7 @@ bool class_test(const std::string& family, const std::string& program) {
     bool result = false;
     if (設定DB参照(rs, "SELECT * FROM " + family + " WHERE プログラムID = '" + program + "'")) {
         const double k = rs.Fields("処理分類").number();
-        if (!(k >= 0 && k <= 9))
+        if (!(k >= 0 && k <= 9) || k != std::floor(k))
             result = true;
         else if (k == 3 && 実行環境.事業所件数 < 1)
             result = true;

@@ -1,9 +1,92 @@
 #include "platform/os/secrets.h"
 
-namespace kalvane::os {
+#include <fcntl.h>
+#include <sodium.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
-std::string 復号(std::string_view) {
-    return {};
+#include <array>
+#include <cerrno>
+#include <optional>
+#include <vector>
+
+#include "platform/os/files.h"
+#include "platform/os/paths.h"
+
+namespace kalvane::os {
+namespace {
+
+constexpr std::string_view form_mark = "s1:";  // in front of a stored text, for later forms
+constexpr int base64_form = sodium_base64_VARIANT_URLSAFE_NO_PADDING;
+using Key = std::array<unsigned char, crypto_secretbox_KEYBYTES>;
+using Bytes = std::vector<unsigned char>;
+
+std::string key_path;
+
+[[noreturn]] void refuse(const char* words) { throw FileError(errno, words); }
+
+std::optional<Key> read_key() {
+    if (key_path.empty() || sodium_init() < 0) return std::nullopt;
+    const int file = open(native_path(key_path).c_str(), O_RDONLY | O_CLOEXEC);
+    if (file < 0) return std::nullopt;
+    Key key{};
+    unsigned char beyond = 0;
+    const bool whole = read(file, key.data(), key.size()) == static_cast<ssize_t>(key.size()) && read(file, &beyond, 1) == 0;
+    close(file);
+    if (!whole) return std::nullopt;
+    return key;
+}
+
+const unsigned char* bytes_of(std::string_view text) { return reinterpret_cast<const unsigned char*>(text.data()); }
+
+}  // namespace
+
+void set_key_file(std::string_view path) { key_path = path; }
+
+void create_key_file(std::string_view path) {
+    if (sodium_init() < 0) refuse("鍵を作成できません。");
+    const int file = open(native_path(path).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR | S_IRGRP);
+    if (file < 0) {
+        if (errno == EEXIST) return;
+        refuse("鍵ファイルを作成できません。");
+    }
+    Key key{};
+    randombytes_buf(key.data(), key.size());
+    const bool written = write(file, key.data(), key.size()) == static_cast<ssize_t>(key.size()) && fsync(file) == 0;
+    sodium_memzero(key.data(), key.size());
+    if (close(file) != 0 || !written) refuse("鍵ファイルを書き込めません。");
+}
+
+std::string 暗号化(std::string_view plain) {
+    if (plain.empty()) return {};
+    std::optional<Key> key = read_key();
+    if (!key) refuse("鍵ファイルを読み込めません。");
+    Bytes box(crypto_secretbox_NONCEBYTES + crypto_secretbox_MACBYTES + plain.size());
+    randombytes_buf(box.data(), crypto_secretbox_NONCEBYTES);
+    crypto_secretbox_easy(box.data() + crypto_secretbox_NONCEBYTES, bytes_of(plain), plain.size(), box.data(), key->data());
+    sodium_memzero(key->data(), key->size());
+    std::string text(sodium_base64_ENCODED_LEN(box.size(), base64_form), '\0');
+    sodium_bin2base64(text.data(), text.size(), box.data(), box.size(), base64_form);
+    text.resize(text.find('\0'));
+    return std::string(form_mark).append(text);
+}
+
+std::string 復号(std::string_view stored) {
+    if (stored.substr(0, form_mark.size()) != form_mark) return {};
+    stored.remove_prefix(form_mark.size());
+    Bytes box(stored.size());
+    std::size_t size = 0;
+    if (sodium_base642bin(box.data(), box.size(), stored.data(), stored.size(), nullptr, &size, nullptr, base64_form) != 0 ||
+        size <= crypto_secretbox_NONCEBYTES + crypto_secretbox_MACBYTES)
+        return {};
+    std::optional<Key> key = read_key();
+    if (!key) return {};
+    std::string plain(size - crypto_secretbox_NONCEBYTES - crypto_secretbox_MACBYTES, '\0');
+    const int opened = crypto_secretbox_open_easy(reinterpret_cast<unsigned char*>(plain.data()),
+                                                  box.data() + crypto_secretbox_NONCEBYTES,
+                                                  size - crypto_secretbox_NONCEBYTES, box.data(), key->data());
+    sodium_memzero(key->data(), key->size());
+    return opened == 0 ? plain : std::string();
 }
 
 }  // namespace kalvane::os

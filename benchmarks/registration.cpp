@@ -1,0 +1,99 @@
+#include <cstdio>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "bare.h"
+#include "figures.h"
+#include "measures.h"
+#include "platform/ado/adapt.h"
+#include "platform/ado/ado.h"
+#include "platform/screen/form.h"
+
+namespace kalvane::bench {
+namespace {
+
+constexpr int rounds = 9;
+constexpr double highest_ratio = 1.15;
+
+struct Statement {
+    std::size_t database;  // place in Installation::files
+    std::string text;      // as the engine takes it
+};
+struct Recording {
+    std::vector<Statement> before, registration;
+};
+
+// One run with the database hook set, as far as the document stands and then to the end of its registration.
+Recording record(const Installation& at) {
+    Recording recording;
+    std::vector<Statement>* to = &recording.before;
+    ado::hook.before = [&to](const ado::Connection& c, std::string_view text) {
+        std::string storage;
+        to->push_back({c.name == "main" ? 0u : 1u, std::string(ado::adapt(text, ado::engine_sqlite, storage))});
+    };
+    at.refresh();
+    {
+        const Desk desk(at);
+        desk.fill_document();
+        to = &recording.registration;
+        desk.press_register();
+        ado::hook = {};
+        if (failed_in_dispatch()) throw std::runtime_error("the registration failed");
+    }
+    if (recording.registration.size() < 2 * document_lines) throw std::runtime_error("nothing was registered");
+    return recording;
+}
+
+double program_seconds(const Installation& at) {
+    at.refresh();
+    const Desk desk(at);
+    desk.fill_document();
+    return seconds_of([&] { desk.press_register(); });
+}
+
+double bare_seconds(const Installation& at, const Recording& recording) {
+    at.refresh();
+    Bare databases[] = {Bare(at.file(Installation::files[0])), Bare(at.file(Installation::files[1]))};
+    for (const Statement& s : recording.before) databases[s.database].run(s.text);
+    for (Bare& db : databases) db.force_log();
+    return seconds_of([&] {
+        for (const Statement& s : recording.registration) databases[s.database].run(s.text);
+        for (Bare& db : databases) db.force_log();
+    });
+}
+
+void print_side(const char* name, const std::vector<double>& seconds, std::size_t statements) {
+    const double middle = median(seconds);
+    std::printf("  %-8s %7.1f ms   %6.1f us a statement   rounds %.1f to %.1f ms\n", name, middle * 1e3,
+                middle * 1e6 / static_cast<double>(statements), percentile(seconds, 0) * 1e3,
+                percentile(seconds, 1) * 1e3);
+}
+
+}  // namespace
+
+bool measure_registration(const Installation& at) {
+    const Recording recording = record(at);
+    bare_seconds(at, recording);  // each side has run once before it is measured
+    std::vector<double> program, bare, ratios;
+    for (int i = 0; i < rounds; ++i) {
+        // in turn who goes first
+        if (i % 2) bare.push_back(bare_seconds(at, recording));
+        program.push_back(program_seconds(at));
+        if (i % 2 == 0) bare.push_back(bare_seconds(at, recording));
+        ratios.push_back(program.back() / bare.back());
+    }
+    const double ratio = median(program) / median(bare);
+    const bool good = ratio <= highest_ratio;
+    std::printf("registering %d lines, %zu statements, median of %d interleaved rounds\n", document_lines,
+                recording.registration.size(), rounds);
+    print_side("program", program, recording.registration.size());
+    print_side("bare", bare, recording.registration.size());
+    std::printf("  ratio    %7.3f      at most %.2f   rounds %.3f to %.3f   %s\n\n", ratio, highest_ratio,
+                percentile(ratios, 0), percentile(ratios, 1), good ? "holds" : "FAILS");
+    std::fflush(stdout);
+    return good;
+}
+
+}  // namespace kalvane::bench

@@ -1,0 +1,37 @@
+#include "invoice/deleting.h"
+
+#include "desktop/wait_box.h"
+#include "invoice/document_date.h"
+#include "invoice/focus.h"
+#include "invoice/reference.h"
+#include "invoice/save_dialogue.h"
+#include "invoice/save_statements.h"
+#include "platform/screen/host.h"
+#include "startup/sign_on.h"
+
+namespace kalvane {
+
+void 削除処理() {
+    if (!操作権限確認(業務メニュ, プログラムID, Operation::erase) || !登録可能日付確認()) {
+        message_box("操作権限がありません。");
+        離脱項目移動();
+        return;
+    }
+    const int referred = 他請求参照確認();
+    if (referred == 1) {
+        message_box("他の請求に参照済です。削除出来ません。");
+        離脱項目移動();
+        return;
+    }
+    if (!ask(std::string(referred == 0 ? "？？？。" : "") + "削除しますか?", false)) {
+        if (!process_ended()) 離脱項目移動();
+        return;
+    }
+    お待ち表示();
+    削除書込();
+    登録後画面初期化();
+    お待ち終了();
+    登録後終了();
+}
+
+}  // namespace kalvane

@@ -1,0 +1,309 @@
+#include "invoice/lookups.h"
+
+#include "master_database.h"
+
+namespace kalvane {
+namespace {
+
+struct Lookups : MasterDatabase {
+    void SetUp() override {
+        MasterDatabase::SetUp();
+        put("M部門", "コード 名称", "001|営業部\n002|開発部");
+        put("Mセクション", "コード 名称", "011|一課\n012|二課");
+        put("M担当者", "コード 氏名 事業所コード 部門コード セクションコード 在籍区分",
+            "00001|山田|001|001|011|0\n00002|鈴木|002|002|012|0\n00003|本社|000|009|019|0\n00004|退職|001|"
+            "001|011|1");
+        put("M得意先",
+            "コード 名称A 名称B 御担当者名 担当者コード 消費税区分 消費税算出区分 消費税丸め方法 "
+            "消費税丸め桁位置 "
+            "消費税端数調整区分 名称入力区分 取引状況区分",
+            "000001|甲社|東京|佐藤|00001|2|1|5|-1|1|1|1\n000002|乙社|||00003|1|3|0|0|0|0|1\n"
+            "000003|丙社|||00001|1|2|0|0|0|0|3\n000004|丁社|||00099|1|2|0|0|0|0|1");
+        put("M得意先御担当者", "得意先コード 御担当者コード 氏名", "000001|00007|田中\n000002|00007|別人");
+        put("M納品先", "コード 名称A 名称B 担当者コード 名称入力区分 取引状況区分",
+            "000001|倉庫|北|00001|0|1\n000002|閉鎖|||0|3\n000003|無人||00099|0|1");
+        put("M仕入先",
+            "コード 名称A 消費税区分 消費税算出区分 消費税丸め方法 消費税丸め桁位置 消費税端数調整区分 "
+            "名称入力区分 取引状況区分",
+            "000001|問屋|2|3|9|1|1|1|1\n000002|廃業|1|1|0|0|0|0|3");
+        put("M商品",
+            "コード 名称A 名称B 単位 取扱状況区分 仕入先コード 売上課税区分 売上消費税区分 仕入課税区分 "
+            "仕入消費税区分 "
+            "税抜販売単価 税込販売単価 税抜仕入単価 税込仕入単価",
+            "A-1|机|大|台|1|000001|2|2|0|1|100.5|108|50|55\nB|備考||式|1|000002|0|1|0|1|10|11|5|6\n"
+            "C|摘|要|式|1||0|0|0|0|10|11|5|6\nD|||式|1||0|0|0|0|10|11|5|6\nE|備考欄||式|1||0|0|0|0|10|11|5|"
+            "6\n"
+            "X|廃番|||3||0|0|0|0|10|11|5|6");
+        statements.clear();
+    }
+};
+
+// One decision: what the document holds before, the text of the left field, what must stand after.
+struct Decision {
+    const char* given;
+    bool (*decide)(const std::string&);
+    const char* text;
+    const char* expected;
+};
+const Decision decisions[] = {
+    // the customer brings his names, his salesperson with department and section, his tax rules
+    {"担当者コード=00002 部門コード=002 案内メッセージ=old", 得意先コード変更, "000001",
+     "案内メッセージ= 入力変更あり=1 得意先コード=000001 得意先名称A=甲社 得意先名称B=東京 御担当者名=佐藤 "
+     "担当者コード=00001 "
+     "担当者名=山田 部門コード=001 部門名=営業部 セクションコード=011 セクション名=一課 得意先消費税区分=2 "
+     "得意先消費税算出区分=1 "
+     "得意先消費税丸め方法=5 得意先消費税丸め桁位置=-1 得意先消費税端数調整区分=1 得意先名称入力区分=1"},
+    // a kept contact, the ceiling of 2, a department that its master does not know
+    {"得意先コード=000001 御担当者名=佐藤 部門名=営業部 得意先消費税算出区分=1", 得意先コード変更, "000002",
+     "得意先コード=000002 得意先名称B= 御担当者名=佐藤 担当者コード=00003 部門コード=009 部門名=営業部 "
+     "得意先消費税算出区分=2"},
+    {"得意先コード=000001 得意先名称A=甲社 得意先消費税区分=2 案内メッセージ=old", 得意先コード変更, "",
+     "得意先コード= 得意先名称A=甲社 得意先消費税区分=2 案内メッセージ= 入力変更あり=1"},
+    {"得意先コード=000001 得意先名称A=甲社 得意先消費税区分=2", 得意先コード変更, "000003",
+     "得意先コード= 得意先名称A=甲社 得意先消費税区分=2"},
+    {"得意先コード=000001 得意先名称A=甲社", 得意先コード変更, "000004", "得意先コード= 得意先名称A=甲社"},
+    // the contact is this customer's
+    {"得意先コード=000001", 得意先御担当者コード変更, "00007",
+     "得意先御担当者コード=00007 御担当者名=田中 案内メッセージ= 入力変更あり=1"},
+    {"得意先コード=000003 得意先御担当者コード=00001 御担当者名=佐藤", 得意先御担当者コード変更, "00007",
+     "得意先御担当者コード= 御担当者名=佐藤"},
+    {"得意先御担当者コード=00001 案内メッセージ=old", 得意先御担当者コード変更, "",
+     "得意先御担当者コード= 案内メッセージ="},
+    {"", 担当者コード変更, "00002",
+     "担当者コード=00002 担当者名=鈴木 部門コード=002 部門名=開発部 セクションコード=012 セクション名=二課 "
+     "案内メッセージ= 入力変更あり=1"},
+    {"部門名=old セクション名=old", 担当者コード変更, "00003",
+     "部門コード=009 部門名=old セクションコード=019 セクション名=old"},
+    {"担当者コード=00001 担当者名=山田", 担当者コード変更, "00004", "担当者コード= 担当者名=山田"},
+    {"担当者コード=00001 担当者名=山田 案内メッセージ=old", 担当者コード変更, "",
+     "担当者コード= 担当者名=山田 案内メッセージ=old"},
+    {"", 部門コード変更, "002", "部門コード=002 部門名=開発部 案内メッセージ= 入力変更あり=1"},
+    {"部門コード=001 部門名=営業部", 部門コード変更, "009", "部門コード= 部門名=営業部"},
+    {"部門コード=001 案内メッセージ=old", 部門コード変更, "", "部門コード= 案内メッセージ=old"},
+    {"", セクションコード変更, "012", "セクションコード=012 セクション名=二課"},
+    {"セクションコード=011 案内メッセージ=old", セクションコード変更, "",
+     "セクションコード= 案内メッセージ=old"},
+    {"", 納品先コード変更, "000001",
+     "納品先コード=000001 納品先名称A=倉庫 納品先名称B=北 納品先名称入力区分=0"},
+    {"納品先コード=000001 納品先名称A=倉庫", 納品先コード変更, "000002", "納品先コード= 納品先名称A=倉庫"},
+    {"納品先コード=000001", 納品先コード変更, "000003", "納品先コード="},
+    {"納品先コード=000001 案内メッセージ=old", 納品先コード変更, "", "納品先コード= 案内メッセージ="},
+    // the product: 8 per cent with its tax in, supplier's tax rules without a ceiling, line and totals follow
+    {"請求数量=2 仕入数量=2", 商品コード変更, "A-1",
+     "商品コード=A-1 商品名=机大 請求単位=台 仕入単位=台 商品税抜販売単価=100.5 商品税込販売単価=108 "
+     "商品税抜仕入単価=50 "
+     "商品税込仕入単価=55 売上課税区分=2 売上消費税区分=2 請求単価=108.5 請求金額=217 請求消費税=16 "
+     "仕入先コード=000001 "
+     "仕入先名称A=問屋 仕入先消費税算出区分=3 仕入先消費税丸め方法=9 仕入先消費税丸め桁位置=1 仕入単価=50 "
+     "仕入金額=100 "
+     "仕入消費税=10 請求金額合計=217 税込仕入金額合計=110 案内メッセージ= 入力変更あり=1"},
+    // remarks leave name and units; a closed supplier leaves none; a supplier in the line stays
+    {"商品名=自由 請求単位=個", 商品コード変更, "B",
+     "商品名=自由 請求単位=個 仕入単位= 商品税抜販売単価=10 仕入先コード="},
+    {"商品名=自由 仕入先コード=000009", 商品コード変更, "C", "商品名=自由 請求単位= 仕入先コード=000009"},
+    {"商品名=自由", 商品コード変更, "D", "商品名=自由 請求単位= 商品税抜販売単価=10"},
+    {"商品名=自由 商品名称入力区分=0", 商品コード変更, "E", "商品名=備考欄 請求単位=式 商品名称入力区分=0"},
+    {"仕入先コード=000009", 商品コード変更, "A-1", "仕入先コード=000009 仕入先名称A="},
+    {"行区分=0 計区分=0", 商品コード変更, "D", "行区分=1 計区分=1"},
+    {"行区分=2 計区分=0", 商品コード変更, "D", "行区分=2 計区分=0"},
+    {"商品コード=D 商品名=自由 請求金額=9", 商品コード変更, "X", "商品コード= 商品名=自由 請求金額合計=9"},
+    {"商品コード=D 請求金額=9 案内メッセージ=old", 商品コード変更, "",
+     "商品コード= 請求金額合計=0 案内メッセージ="},
+    // a supplier recalculates nothing
+    {"仕入金額=1100 仕入消費税=7", 仕入先コード変更, "000001",
+     "仕入先コード=000001 仕入先名称A=問屋 仕入先消費税区分=2 仕入先消費税算出区分=3 "
+     "仕入先消費税端数調整区分=1 仕入先名称入力区分=1 "
+     "仕入消費税区分=1 仕入消費税=7 仕入金額合計=0"},
+    {"仕入先コード=000001 仕入先名称A=問屋", 仕入先コード変更, "000002", "仕入先コード= 仕入先名称A=問屋"},
+    {"仕入先コード=000001 案内メッセージ=old", 仕入先コード変更, "", "仕入先コード= 案内メッセージ="},
+    // what cannot be typed is not asked for
+    {"", 商品コード変更, "' OR '1'='1", "商品コード="},
+    {"担当者コード=00001", 担当者コード変更, "００００１", "担当者コード="},
+};
+
+TEST_F(Lookups, ACodeBringsItsValues) {
+    for (const Decision& d : decisions) {
+        fresh_document(1);
+        set(d.given);
+        EXPECT_TRUE(d.decide(d.text));
+        EXPECT_EQ(seen(d.expected), d.expected) << d.given << " then " << d.text;
+        const bool missed = *d.text && setup::words(d.expected)[0].ends_with('=');
+        if (contains(d.expected, "案内メッセージ=")) continue;
+        EXPECT_EQ(実行環境.案内メッセージ, missed ? "該当情報がありません。" : "")
+            << d.given << " then " << d.text;
+    }
+}
+
+TEST_F(Lookups, TheCodeHeldChangesNothing) {
+    fresh_document(1);
+    set("得意先コード=000009 商品コード=D 案内メッセージ=old");
+    EXPECT_FALSE(得意先コード変更("000009"));
+    EXPECT_FALSE(商品コード変更("D"));
+    EXPECT_FALSE(担当者コード変更(""));
+    EXPECT_EQ(seen("案内メッセージ 入力変更あり"), "案内メッセージ=old 入力変更あり=0");
+    EXPECT_TRUE(statements.empty());
+}
+
+TEST_F(Lookups, StatementTexts) {
+    set("得意先コード=000001");
+    const std::string staff =
+        "SELECT M担当者.*, M部門.名称 AS 部門名, Mセクション.名称 AS セクション名 FROM Mセクション RIGHT "
+        "JOIN (M部門 RIGHT JOIN "
+        "M担当者 ON M部門.コード = M担当者.部門コード) ON Mセクション.コード = M担当者.セクションコード "
+        "WHERE M担当者.コード = 'c'";
+    const std::pair<bool (*)(const std::string&), std::string> checks[] = {
+        {得意先存在確認,
+         "SELECT M得意先.*, M担当者.氏名 AS 担当者名, M担当者.部門コード, M担当者.セクションコード, "
+         "M部門.名称 AS 部門名, "
+         "Mセクション.名称 AS セクション名 FROM Mセクション RIGHT JOIN (M部門 RIGHT JOIN (M担当者 INNER JOIN "
+         "M得意先 ON "
+         "M担当者.コード = M得意先.担当者コード) ON M部門.コード = M担当者.部門コード) ON Mセクション.コード "
+         "= "
+         "M担当者.セクションコード WHERE M得意先.コード = 'c' AND M得意先.取引状況区分 <> '3'"},
+        {得意先御担当者存在確認,
+         "SELECT M得意先御担当者.* FROM M得意先御担当者 WHERE M得意先御担当者.得意先コード = '000001' AND "
+         "M得意先御担当者.御担当者コード = 'c'"},
+        {担当者存在確認, staff + " AND M担当者.在籍区分 = '0'"},
+        {部門存在確認, "SELECT M部門.* FROM M部門 WHERE M部門.コード = 'c'"},
+        {セクション存在確認, "SELECT Mセクション.* FROM Mセクション WHERE Mセクション.コード = 'c'"},
+        {納品先存在確認,
+         "SELECT M納品先.*, M担当者.氏名 AS 担当者名 FROM M担当者 INNER JOIN M納品先 ON M担当者.コード = "
+         "M納品先.担当者コード "
+         "WHERE M納品先.コード = 'c' AND M納品先.取引状況区分 <> '3'"},
+        {商品存在確認, "SELECT M商品.* FROM M商品 WHERE M商品.コード = 'c' AND M商品.取扱状況区分 <> '3'"},
+        {仕入先存在確認,
+         "SELECT M仕入先.* FROM M仕入先 WHERE M仕入先.コード = 'c' AND M仕入先.取引状況区分 <> '3'"},
+    };
+    for (const auto& [check, text] : checks) {
+        statements.clear();
+        EXPECT_FALSE(check("c"));
+        EXPECT_EQ(statements, std::vector{text});
+    }
+    実行環境.事業所コード = "001";
+    statements.clear();
+    EXPECT_FALSE(担当者存在確認("c"));
+    EXPECT_EQ(statements[0], staff +
+                                 " AND (M担当者.事業所コード = '001' OR M担当者.事業所コード = '000') AND "
+                                 "M担当者.在籍区分 = '0'");
+    // a site sees its own people and the head office's, the head office all
+    const auto seen_from = [](const char* site) {
+        実行環境.事業所コード = site;
+        std::string result;
+        for (const char* code : {"00001", "00002", "00003", "00004"})
+            result += 担当者存在確認(code) ? "y" : "n";
+        return result;
+    };
+    EXPECT_EQ(seen_from("001"), "ynyn");
+    EXPECT_EQ(seen_from("000"), "yyyn");
+}
+
+TEST_F(Lookups, ACustomerRepricesTheDocument) {
+    fresh_document(3);
+    for (int i : {0, 1})
+        set("商品コード=P 商品税抜販売単価=1000 商品税抜仕入単価=9 請求数量=2 仕入単価=7 仕入数量=1 "
+            "仕入金額=7",
+            i);
+    set("請求金額=500", 2);
+    EXPECT_TRUE(得意先コード変更("000001"));  // tax-in; -10 x 100 + 0.5 is cut to -999: 99.9
+    EXPECT_EQ(seen("請求単価 請求金額 仕入単価 仕入金額", 1),
+              "請求単価=1099.9 請求金額=2199 仕入単価=7 仕入金額=7");
+    EXPECT_EQ(seen("請求金額 売上消費税区分", 2), "請求金額=500 売上消費税区分=2");
+    EXPECT_EQ(seen("請求金額合計 仕入消費税合計"), "請求金額合計=4898 仕入消費税合計=2");
+    fresh_document(0);
+    statements.clear();
+    EXPECT_TRUE(得意先コード変更("000001"));
+    EXPECT_EQ(statements.size(), 1U);
+}
+
+// As the registers use them: a reader marks the document only when a value differs, the staff's never, and a
+// NULL takes nothing away.
+TEST_F(Lookups, ReadersMarkWhatDiffers) {
+    fresh_document(1);
+    const auto read = [](const char* change) {
+        実行環境.入力変更あり = false;
+        set(change);
+        EXPECT_TRUE(得意先存在確認("000002") && 担当者存在確認("00001") && 商品存在確認("A-1") &&
+                    部門存在確認("001"));
+        得意先読込();
+        担当者読込();
+        部門読込();
+        商品読込(0);
+        return 実行環境.入力変更あり;
+    };
+    EXPECT_TRUE(read(""));
+    // the salesperson's reader has put another one than the customer's
+    set("担当者コード=00003 担当者名=本社 部門コード=009 セクションコード=019");
+    EXPECT_FALSE(read("請求単位=個"));
+    EXPECT_EQ(seen("担当者コード 部門コード 請求単位"), "担当者コード=00001 部門コード=001 請求単位=台");
+    for (const char* change :
+         {"得意先名称A=old", "得意先消費税算出区分=1", "商品名=old", "商品税込仕入単価=1"}) {
+        set("担当者コード=00003 担当者名=本社 部門コード=009 セクションコード=019");
+        EXPECT_TRUE(read(change)) << change;
+    }
+    実行環境.主接続.Execute("UPDATE M得意先 SET 名称A = NULL, 消費税区分 = NULL, 消費税算出区分 = '70000'");
+    実行環境.主接続.Execute(
+        "UPDATE M商品 SET 名称B = NULL, 単位 = NULL, 税抜販売単価 = NULL, 仕入先コード = NULL");
+    set("担当者コード=00003 担当者名=本社 部門コード=009 セクションコード=019 仕入先コード=");
+    EXPECT_TRUE(read("得意先名称A=kept 得意先消費税区分=2 請求単位=kept 商品税抜販売単価=3"));  // 机 for 机大
+    EXPECT_EQ(seen("得意先名称A 得意先消費税区分 得意先消費税算出区分 商品名 請求単位 商品税抜販売単価 "
+                   "仕入先コード"),
+              "得意先名称A=kept 得意先消費税区分=2 得意先消費税算出区分=2 商品名=机 請求単位=kept "
+              "商品税抜販売単価=3 仕入先コード=");
+}
+
+TEST_F(Lookups, AReleasedRecordsetIsNotRead) {
+    fresh_document(1);
+    const auto read_all = [] {
+        for (auto reader : {得意先読込, 得意先御担当者読込, 担当者読込, 部門読込, セクション読込, 納品先読込})
+            reader();
+        商品読込(0);
+        仕入先読込(0);
+    };
+    read_all();  // never opened
+    EXPECT_TRUE(納品先存在確認("000001"));
+    納品先読込();
+    set("納品先名称A=kept 入力変更あり=0");
+    EXPECT_TRUE(部門存在確認("001"));
+    部門読込取消();
+    EXPECT_FALSE(得意先存在確認("000009"));
+    read_all();  // read, given up, without a row
+    EXPECT_EQ(seen("納品先名称A 部門コード 得意先コード 入力変更あり"),
+              "納品先名称A=kept 部門コード= 得意先コード= 入力変更あり=0");
+    EXPECT_FALSE(実行環境.recordsets.納品先.is_open() || 実行環境.recordsets.得意先.is_open());
+}
+
+// Codes stand in later statements as they are; a master row with one that no key could have made is refused.
+TEST_F(Lookups, ACodeFromAMasterMustBeOneThatCouldBeTyped) {
+    実行環境.主接続.Execute("UPDATE M担当者 SET 部門コード = '0''1' WHERE コード = '00001'");
+    fresh_document(1);
+    set("担当者コード=00002");
+    EXPECT_TRUE(担当者コード変更("00001"));
+    EXPECT_EQ(seen("担当者コード 部門コード 案内メッセージ"),
+              "担当者コード= 部門コード= 案内メッセージ=該当情報がありません。");
+    EXPECT_TRUE(得意先コード変更("000001"));
+    EXPECT_EQ(seen("得意先コード 得意先名称A 部門コード"), "得意先コード= 得意先名称A= 部門コード=");
+    実行環境.主接続.Execute("UPDATE M商品 SET 仕入先コード = 'x'' OR ''1''=''1'");
+    EXPECT_TRUE(商品コード変更("A-1"));
+    EXPECT_EQ(seen("商品コード 仕入先コード 仕入先名称A"), "商品コード=A-1 仕入先コード= 仕入先名称A=");
+}
+
+TEST_F(Lookups, AFailingReadIsAMiss) {
+    fresh_document(1);
+    set("得意先コード=000001");
+    failing = true;
+    EXPECT_TRUE(得意先コード変更("000002"));
+    EXPECT_EQ(seen("得意先コード 案内メッセージ"), "得意先コード= 案内メッセージ=該当情報がありません。");
+    EXPECT_TRUE(code_table_names("SELECT * FROM K消費税区分 ORDER BY 区分").empty());
+    ado::Recordset rows;
+    rows.Open("SELECT COUNT(*) FROM プログラム稼動履歴 WHERE 摘要 LIKE 'エラー %'", 実行環境.設定接続);
+    EXPECT_EQ(rows.at(0).text(), "2");
+}
+
+TEST_F(Lookups, CodeTableNames) {
+    put("K消費税算出区分", "区分 名称", "2|合計\n0|なし\n3|別\n1|行");
+    EXPECT_EQ(code_table_names("SELECT * FROM K消費税算出区分 WHERE 区分 <= '2' ORDER BY 区分"),
+              (std::vector<std::string>{"なし", "行", "合計"}));
+}
+
+}  // namespace
+}  // namespace kalvane

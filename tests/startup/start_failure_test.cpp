@@ -1,0 +1,372 @@
+// Starts that must not succeed, and starts that something fails or stands in the way of: the boxes, the run
+// history, and an end in order.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "startup/start_run.h"
+
+namespace kalvane {
+namespace {
+
+using test::history_of;
+using test::Installation;
+using test::Start;
+using test::StartSettings;
+
+const std::string no_database = "データベースが使用できません。",
+                  no_company = "ユーザ情報が使用できません。",
+                  no_right = "操作権限がありません。",
+                  no_names = "システムデータベースに問題があり登録できません";
+
+void spoil(const std::string& path, const std::string& content) {
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << content;
+}
+const std::string foreign(4096, 'x');
+
+struct Case {
+    const char* name;
+    std::vector<const char*> config = {}, main = {};  // statements of the set-up
+    void (*files)(const std::string& root) = nullptr;
+    StartSettings settings = {};
+    std::vector<std::string> boxes = {};
+    // beginnings of the rows; "開始" alone stands for the start row
+    std::vector<std::string> history = {};
+    bool runs = false;
+};
+void PrintTo(const Case& c, std::ostream* out) {
+    *out << c.name;
+}
+
+// The end of a run whose business database was never opened: the usage row fails twice.
+std::vector<std::string> with_failed_end(std::vector<std::string> rows) {
+    for (const char* row : {"終了", "エラー SELECT * FROM 使用状況", "エラー INSERT INTO 使用状況"})
+        rows.emplace_back(row);
+    return rows;
+}
+
+std::vector<std::string> history_without_connection() {
+    std::vector<std::string> rows{"開始 ",
+                                  "エラー DELETE FROM 使用状況",
+                                  "エラー SELECT * FROM 使用状況",
+                                  "エラー INSERT INTO 使用状況",
+                                  "エラー SELECT M担当者.* FROM M担当者",
+                                  "エラー SELECT * FROM Mユーザ"};
+    const std::vector<std::string> site{"エラー SELECT * FROM M事業所 WHERE コード = '000'",
+                                        "エラー SELECT * FROM M事業所 WHERE コード = '000'",
+                                        "出力終了 UPDATE 動作環境定義 SET  運用事業所コード = '000' WHERE "
+                                        "動作環境定義ID = '001'"};
+    rows.insert(rows.end(), site.begin(), site.end());
+    rows.insert(rows.end(), 5, "エラー SELECT TOP 1 * FROM M他業務連携");
+    rows.insert(rows.end(), site.begin(), site.end());
+    rows.emplace_back("エラー SELECT COUNT(*) AS 事業所件数");
+    return with_failed_end(rows);
+}
+
+class 起動不能 : public testing::TestWithParam<Case> {};
+
+TEST_P(起動不能, 画面と履歴) {
+    const Case& c = GetParam();
+    const Installation at(setup::Content::empty);
+    for (const char* sql : c.config) at.config(sql);
+    for (const char* sql : c.main) at.main(sql);
+    if (c.files) c.files(at.root());
+    std::vector<std::string> boxes;
+    {
+        Start start(at.root(), c.settings);
+        EXPECT_EQ(start.running(), c.runs);
+        EXPECT_EQ(process_ended(), !c.runs);
+        boxes = Start::boxes;
+        if (!c.runs) {
+            EXPECT_FALSE(実行環境.主接続.is_open() || 実行環境.設定接続.is_open() || 実行環境.主接続中 ||
+                         実行環境.設定接続中);
+        }
+    }
+    EXPECT_EQ(boxes, c.boxes);
+    if (c.history.empty()) {
+        if (c.files == nullptr) {
+            EXPECT_EQ(history_of(at), std::vector<std::string>{});
+        }
+        return;
+    }
+    const std::vector<std::string> rows = history_of(at);
+    ASSERT_EQ(rows.size(), c.history.size()) << testing::PrintToString(rows);
+    for (std::size_t i = 0; i < rows.size(); ++i) EXPECT_TRUE(rows[i].starts_with(c.history[i])) << rows[i];
+}
+
+const Case cases[] = {
+    {.name = "no_prgbin", .settings = {.program = "/bin/KalvaneInvoiceEntry"}, .boxes = {no_database}},
+    {.name = "no_usrcnfg",
+     .files = [](const std::string& root) { std::filesystem::remove(root + "/conf/usrcnfg.accdb"); },
+     .boxes = {no_database}},
+    {.name = "foreign_usrcnfg",
+     .files = [](const std::string& root) { spoil(root + "/conf/usrcnfg.accdb", foreign); },
+     .boxes = {"SYB_OPEN ERROR26 file is not a database\rsysopen error", no_database}},
+    // the second opening, on the seat's own copy: no detail is told
+    {.name = "foreign_copy",
+     .config = {"UPDATE 動作環境定義 SET インストール区分 = '1'"},
+     .files =
+         [](const std::string& root) {
+             std::filesystem::create_directories(root + "/users/tanaka/conf");
+             spoil(root + "/users/tanaka/conf/usrcnfg.accdb", foreign);
+         },
+     .boxes = {no_database}},
+    {.name = "install_kind_2",
+     .config = {"UPDATE 動作環境定義 SET インストール区分 = '2'"},
+     .boxes = {no_database}},
+    {.name = "install_kind_too_big",
+     .config = {"UPDATE 動作環境定義 SET インストール区分 = '40000'"},
+     .boxes = {no_database},
+     .history = with_failed_end({})},
+    {.name = "no_business_file",
+     .files = [](const std::string& root) { std::filesystem::remove(root + "/data/kalvane.accdb"); },
+     .boxes = {no_database},
+     .history = with_failed_end(
+         {"開始 ", "エラー DB_OPEN ERROR14 unable to open database file"})},
+    {.name = "foreign_business_file",
+     .files = [](const std::string& root) { spoil(root + "/data/kalvane.accdb", foreign); },
+     .boxes = {no_database},
+     .history = with_failed_end({"開始 ", "エラー DB_OPEN ERROR26 file is not a database"})},
+    {.name = "unknown_provider",
+     .config = {"UPDATE データベース定義 SET プロバイダ名 = 'Nobody.1'"},
+     .boxes = {no_database},
+     .history = with_failed_end({"開始 ", "エラー DB_OPEN ERROR"})},
+    {.name = "db_null",
+     .config = {"UPDATE データベース定義 SET db = NULL"},
+     .boxes = {no_database},
+     .history = with_failed_end({})},
+    {.name = "dbmw_null",
+     .config = {"UPDATE データベース定義 SET dbmw = NULL"},
+     .boxes = {no_database},
+     .history = with_failed_end({})},
+    // nothing is opened, and the start fails at the company
+    {.name = "db_lower_case",
+     .config = {"UPDATE データベース定義 SET db = 'a'"},
+     .boxes = {no_company},
+     .history = history_without_connection()},
+    {.name = "no_definition",
+     .config = {"DELETE FROM データベース定義"},
+     .boxes = {no_company},
+     .history = history_without_connection()},
+    {.name = "no_company_row",
+     .main = {"UPDATE Mユーザ SET ID = '0002'"},
+     .boxes = {no_company},
+     .history = {"開始 ", "終了"}},
+    {.name = "no_company_table",
+     .main = {"DROP TABLE Mユーザ"},
+     .boxes = {no_company},
+     .history = {"開始 ",
+                 "エラー SELECT * FROM Mユーザ WHERE ID = '0001'no such table: Mユーザ", "終了"}},
+    {.name = "company_out_of_range",
+     .main = {"UPDATE Mユーザ SET 決算月 = '40000'"},
+     .boxes = {"オーバーフローしました。"},
+     .history = {"開始 ", "終了"}},
+    {.name = "operator_out_of_range",
+     .main = {"UPDATE M担当者 SET 社員区分 = '40000'"},
+     .boxes = {no_database},
+     .history = {"開始 ", "終了"}},
+    {.name = "right_refused",
+     .main = {"UPDATE Mユーザ SET 暗証番号有無 = '1'", "UPDATE M担当者 SET 操作許可 = '1'"},
+     .boxes = {no_right},
+     .history = {"開始 ", "終了"}},
+    {.name = "right_not_enforced",
+     .main = {"UPDATE M担当者 SET 操作許可 = '1'"},
+     .history = {"開始 ", "終了"},
+     .runs = true},
+    {.name = "no_operator_with_pins",
+     .config = {"UPDATE 動作環境定義 SET 起動担当者コード = NULL"},
+     .main = {"UPDATE Mユーザ SET 暗証番号有無 = '1'"},
+     .boxes = {no_right},
+     .history = {"開始 ", "終了"}},
+    {.name = "no_operator_without_pins",
+     .config = {"UPDATE 動作環境定義 SET 起動担当者コード = NULL"},
+     .history = {"開始 ", "終了"},
+     .runs = true},
+    {.name = "no_family_table",
+     .config = {"DROP TABLE Kalvane"},
+     .boxes = {no_names},
+     .history = {"開始 ", "エラー UPDATE Kalvane SET ", "エラー SELECT * FROM Kalvane", "終了"},
+     .runs = true},
+    {.name = "no_environment_row",
+     .config = {"DELETE FROM 動作環境定義"},
+     .history = {"開始 ", "出力終了 UPDATE 動作環境定義", "終了"},
+     .runs = true},
+    {.name = "second_instance",
+     .settings = {.previous_instance = true},
+     .history = {"開始 ", "終了"}},
+    {.name = "second_instance_without_number",
+     .settings = {.command_line = "00020240401", .previous_instance = true},
+     .history = {"開始 00020240401", "終了"}},
+    {.name = "second_instance_refused",
+     .main = {"UPDATE Mユーザ SET 暗証番号有無 = '1'", "UPDATE M担当者 SET 操作許可 = '1'"},
+     .settings = {.previous_instance = true},
+     .boxes = {no_right},
+     .history = {"開始 ", "終了"}},
+    {.name = "second_instance_with_document",
+     .settings = {.command_line = "0000000000000000000", .previous_instance = true},
+     .history = {"開始 0000000000000000000", "終了"},
+     .runs = true},
+};
+INSTANTIATE_TEST_SUITE_P(Cases, 起動不能, testing::ValuesIn(cases),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// A document of the second instance is noted in the usage row like any other.
+TEST(起動, 二重起動の使用状況) {
+    const Installation at(setup::Content::empty);
+    { Start start(at.root(), {.previous_instance = true}); }
+    EXPECT_EQ(at.main("SELECT * FROM 使用状況"),
+              "SEAT01|tanaka|KalvaneInvoiceEntry|20240410 093000|20240410 093000");
+}
+
+// Whoever ends the process while the last box stands has closed everything; nothing is written twice.
+TEST(起動, 終了中の表示) {
+    const Installation at(setup::Content::empty);
+    at.main("DELETE FROM Mユーザ");
+    at.config(
+        "INSERT INTO プログラム連携情報 VALUES ('20240410 093000', 'KalvaneCaller', 'KalvaneInvoiceEntry', "
+        "'', '00', 'x', '', '', '', '')");
+    reset_run();
+    os::freeze_clock({{2024, 4, 10}, 9, 30, 0});
+    os::set_executable_path(at.root() + "/prgbin/KalvaneInvoiceEntry");
+    os::set_command_line("x");
+    host = {};
+    host.message_box = [](const std::string&, Buttons, bool) {
+        強制終了();
+        return false;
+    };
+    起動処理();
+    EXPECT_TRUE(process_ended());
+    EXPECT_FALSE(実行環境.設定接続.is_open());
+    EXPECT_EQ(history_of(at), (std::vector<std::string>{"開始 x", "終了"}));
+    EXPECT_EQ(at.config("SELECT COUNT(*) FROM プログラム連携情報 WHERE 連携区分 = '99'"), "1");
+    host = {};
+    os::release_clock();
+    reset_run();
+}
+
+// --- one statement fails, at each position in turn; then all from a position on
+
+bool begins(const std::string& statement, const char* text) {
+    return statement.find(text) != std::string::npos;
+}
+bool decides(const std::string& statement) {
+    return begins(statement, "FROM データベース定義") || begins(statement, "FROM Mユーザ");
+}
+
+TEST(起動, 一文ずつの失敗) {
+    const Installation at(setup::Content::empty);
+    std::vector<std::string> plain;
+    {
+        Start start(at.root());
+        ASSERT_TRUE(start.running());
+        plain = start.statements;
+    }
+    for (std::size_t n = 0; n < plain.size(); ++n) {
+        SCOPED_TRACE(plain[n]);
+        at.restore();
+        std::vector<std::string> boxes;
+        {
+            Start start(at.root(), {.fails = [n](int i, auto, auto) { return i == static_cast<int>(n); }});
+            EXPECT_EQ(start.running(), !decides(plain[n]));
+            EXPECT_NE(start.running(), process_ended());
+            boxes = Start::boxes;
+        }
+        std::vector<std::string> expected;
+        if (decides(plain[n])) expected = {no_company};
+        if (begins(plain[n], "UPDATE Kalvane")) expected = {no_names};
+        if (begins(plain[n], "FROM A番号情報")) {
+            // the base date asks in silence, the number tells twice
+            ASSERT_LE(boxes.size(), 2U);
+            for (const std::string& box : boxes) EXPECT_EQ(box, "番号情報に問題が発生設定できませんでした。");
+        } else {
+            EXPECT_EQ(boxes, expected);
+        }
+        const std::vector<std::string> rows = history_of(at);
+        const bool lost = begins(plain[n], "プログラム稼動履歴");
+        EXPECT_EQ(std::count_if(rows.begin(), rows.end(),
+                                [](const std::string& r) { return r.ends_with(test::failure_text); }),
+                  lost ? 0 : 1);
+        EXPECT_EQ(std::count_if(rows.begin(), rows.end(),
+                                [](const std::string& r) { return r.starts_with("開始 "); }),
+                  lost ? 0 : 1);
+        EXPECT_EQ(rows.back(), "終了");
+    }
+    for (std::size_t n = 0; n < plain.size(); ++n) {
+        SCOPED_TRACE("from " + plain[n]);
+        at.restore();
+        Start start(at.root(), {.fails = [n](int i, auto, auto) { return i >= static_cast<int>(n); }});
+        const bool late = std::none_of(plain.begin() + static_cast<std::ptrdiff_t>(n), plain.end(), decides);
+        EXPECT_EQ(start.running(), late);
+        EXPECT_NE(start.running(), process_ended());
+        start.end();
+        EXPECT_FALSE(実行環境.主接続.is_open() || 実行環境.設定接続.is_open());
+    }
+}
+
+TEST(起動, ファイル操作の失敗) {
+    const Installation at(setup::Content::empty);
+    at.config("UPDATE 動作環境定義 SET インストール区分 = '1'");
+    int operations = 0;
+    for (int n = -1; n < operations; ++n) {  // first whole, to count them
+        std::filesystem::remove_all(at.root() + "/users");
+        int count = 0;
+        std::string failed;
+        os::file_hook.before = [&](std::string_view operation, std::string_view path) {
+            if (count++ != n) return;
+            failed = std::string(operation) + " " + std::string(path);
+            throw os::FileError(5, test::failure_text);
+        };
+        Start start(at.root());
+        SCOPED_TRACE(failed);
+        if (n < 0) operations = count;
+        EXPECT_NE(start.running(), process_ended());
+        // without the configuration there is no start; all else only spoils copies
+        if (process_ended()) {
+            EXPECT_NE(failed.find("conf"), std::string::npos);
+            EXPECT_EQ(Start::boxes.back(), no_database);
+        }
+    }
+    EXPECT_GT(operations, 10);
+}
+
+// --- another station holds a database for writing
+
+struct Lock {
+    ado::Connection connection;
+    Lock(const Installation& at, std::string_view file) {
+        setup::open_database(connection, at.root(), file, ado::Access::owner);
+        connection.name = "other";
+        connection.Execute("BEGIN IMMEDIATE");
+    }
+};
+
+TEST(起動, 他者の書込中) {
+    const Installation at(setup::Content::empty);
+    ado::lock_wait_scale = 0.0002;
+    {
+        const Lock lock(at, setup::config_file);
+        Start start(at.root());
+        EXPECT_TRUE(start.running());
+        EXPECT_EQ(Start::boxes, std::vector<std::string>{no_names});
+        EXPECT_EQ(実行環境.proccounter, 2);  // the start and the failure; both rows are lost
+    }
+    EXPECT_EQ(history_of(at), std::vector<std::string>{});
+    EXPECT_EQ(at.main("SELECT COUNT(*) FROM 使用状況 WHERE 終了日時 <> ''"), "0");  // goes with the end row
+    at.restore();
+    ado::lock_wait_scale = 0.0002;
+    {
+        const Lock lock(at, setup::main_file);
+        Start start(at.root());
+        EXPECT_TRUE(start.running());
+        EXPECT_EQ(Start::boxes, std::vector<std::string>{});
+    }
+    const std::vector<std::string> rows = history_of(at);
+    ASSERT_EQ(rows.size(), 5U);
+    EXPECT_TRUE(rows[1].starts_with("エラー DELETE FROM 使用状況"));
+    EXPECT_TRUE(rows[2].starts_with("エラー INSERT INTO 使用状況"));
+    EXPECT_EQ(rows[3], "終了");
+    EXPECT_TRUE(rows[4].starts_with("エラー INSERT INTO 使用状況") && rows[4].ends_with("database is locked"));
+}
+
+}  // namespace
+}  // namespace kalvane
