@@ -1,5 +1,5 @@
-// A place to measure at: an installation of the demonstration company in a folder of its own, and a run of the
-// program on it whose boxes are answered at once. The clock stands at 2024-04-10 09:30:00.
+// A place to measure at: an installation of the demonstration company in a folder of its own, and a run of
+// the program on it whose boxes are answered at once. The clock stands at 2024-04-10 09:30:00.
 #pragma once
 #include <array>
 #include <string>

@@ -4,6 +4,7 @@
 #include <exception>
 #include <ostream>
 
+#include "platform/os/secrets.h"
 #include "setup/generate.h"
 #include "setup/install.h"
 #include "setup/schema.h"
@@ -16,6 +17,8 @@ constexpr std::string_view usage =
     "  KalvaneSetup create ROOT --empty   会社、本社、担当者だけの環境を作成します\n"
     "  KalvaneSetup create ROOT --demo    見本の会社の環境を作成します\n"
     "  KalvaneSetup check ROOT            ROOT がこの版の環境なら 0、それ以外は 1 で終了します\n"
+    "  KalvaneSetup pin ROOT OPERATOR     担当者の暗証番号を標準入力から設定します\n"
+    "  KalvaneSetup pin ROOT --site CODE  事業所の特権暗証番号を標準入力から設定します\n"
     "  KalvaneSetup generate ROOT --invoices N --lines M --seed S\n"
     "                                     測定用の請求書を N 件、各 M 行 (0～998) 追加します\n"
     "終了状態: 0 完了、1 拒否または失敗、2 引数の誤り\n";
@@ -53,6 +56,13 @@ int check(const std::vector<std::string>& arguments, std::ostream& out) {
     return version == schema_version ? 0 : 1;
 }
 
+void pin(const std::vector<std::string>& arguments, std::ostream& out) {
+    const bool site = arguments.size() == 4 && arguments[2] == "--site";
+    if (!site && arguments.size() != 3) throw UsageError{"pin には ROOT と担当者コード、または --site と事業所コードが必要です。"};
+    set_pin(arguments[1], arguments.back(), site, os::read_secret_line());
+    out << "暗証番号を設定しました。\n";
+}
+
 void generate(const std::vector<std::string>& arguments, std::ostream& out) {
     if (arguments.size() != 8)
         throw UsageError{"generate には ROOT と --invoices、--lines、--seed が必要です。"};
@@ -86,6 +96,8 @@ int run_command(const std::vector<std::string>& arguments, const std::string& pr
         if (command == "check") return check(arguments, out);
         if (command == "create")
             create(arguments, programs, out);
+        else if (command == "pin")
+            pin(arguments, out);
         else if (command == "generate")
             generate(arguments, out);
         else

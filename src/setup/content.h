@@ -1,5 +1,7 @@
 // What stands in the tables of a fresh installation.
 #pragma once
+#include <string>
+
 #include "platform/ado/ado.h"
 
 namespace kalvane::setup {
@@ -15,5 +17,8 @@ void fill_demo_company(ado::Connection& main);
 void fill_demo_staff(ado::Connection& main);
 void fill_demo_partners(ado::Connection& main);
 void fill_demo_products(ado::Connection& main);
+// Quotations, orders, deliveries and invoices, in an installation whose masters stand. Uses the program's
+// records, which are fresh afterwards.
+void fill_demo_documents(const std::string& root);
 
 }  // namespace kalvane::setup

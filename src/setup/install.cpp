@@ -9,6 +9,7 @@
 #include "base/width.h"
 #include "platform/os/clock.h"
 #include "platform/os/paths.h"
+#include "platform/os/secrets.h"
 #include "setup/content.h"
 #include "setup/schema.h"
 #include "setup/seed.h"
@@ -100,6 +101,13 @@ void fill_databases(const CreateRequest& request, const std::string& root) {
     for (ado::Connection& connection : open) connection.Close();
 }
 
+std::string key_file(const std::string& root) {
+    return os::program_path((fs::path(root) / "conf" / os::key_file_name).string());
+}
+
+// Operators of the demonstration who sign on with a PIN.
+constexpr std::pair<std::string_view, std::string_view> demo_pins[] = {{"00002", "SUZUKI2"}, {"00003", "TANAKA3"}};
+
 }  // namespace
 
 std::string checked_root(std::string_view root) {
@@ -124,6 +132,24 @@ void open_database(ado::Connection& connection, const std::string& root, std::st
     } catch (const ado::Error& e) {
         throw SetupError("データベースを開けません: " + path + "\n" + e.what());
     }
+}
+
+void set_pin(std::string_view root, std::string_view code, bool site, std::string_view pin) {
+    constexpr std::size_t shortest = 4;
+    if (Len(pin) < shortest) throw SetupError("暗証番号は4文字以上です。");
+    const std::string at = checked_root(root);
+    os::set_key_file(key_file(at));
+    const char* table = site ? "M事業所" : "M担当者";
+    ado::Connection main;
+    open_database(main, at, main_file, ado::Access::program);
+    ado::Recordset row;
+    row.Open(std::string("SELECT コード FROM ").append(table) + " WHERE コード = " + literal(code), main);
+    const bool found = !row.Eof();
+    row.Close();
+    if (!found) throw SetupError(std::string(table).append("にありません: ").append(code));
+    main.Execute(std::string("UPDATE ").append(table) + " SET " + (site ? "特権暗証番号" : "暗証番号") + " = " +
+                 literal(os::暗号化(UCase(pin))) + " WHERE コード = " + literal(code));
+    main.Close();
 }
 
 int installed_version(std::string_view root) {
@@ -159,7 +185,12 @@ void create_installation(const CreateRequest& request) {
         make_folders(root);
         link_programs(root, request.programs);
         write_manual(root);
+        os::create_key_file(key_file(root));
         fill_databases(request, root);
+        if (request.content == Content::demo) {
+            fill_demo_documents(root);
+            for (const auto& [code, pin] : demo_pins) set_pin(root, code, false, pin);
+        }
     } catch (const std::exception& e) {
         remove_databases(root);
         throw SetupError("作成できません: " + root + "\n" + e.what());

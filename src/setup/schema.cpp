@@ -381,6 +381,22 @@ const TableDefinition& schema_table(std::string_view name) {
     throw std::logic_error("no table " + std::string(name));
 }
 
+std::vector<RenamedColumn> renamed_columns(std::string_view table) {
+    std::vector<RenamedColumn> out;
+    const auto add = [&out](const DocumentTable& row, const auto& columns) {
+        for (const auto& c : columns)
+            if (!is_source_key(c.name)) out.push_back({renamed(c.name, row), std::string(c.name)});
+    };
+    for (const DocumentTable& row : document_tables) {
+        if (row.name != table || row.shape != Shape::source) continue;
+        if (row.lines)
+            add(row, line_columns);
+        else
+            add(row, header_columns);
+    }
+    return out;
+}
+
 std::vector<std::string> schema_statements(Database database) {
     std::vector<std::string> statements;
     for (const TableDefinition& table : schema_tables())

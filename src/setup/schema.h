@@ -13,7 +13,7 @@ namespace kalvane::setup {
 
 // Stands in セットアップ情報 of every database of an installation; raised with every change of the tables or
 // of the demonstration company.
-inline constexpr int schema_version = 1;
+inline constexpr int schema_version = 2;
 
 // The databases of an installation, as a mask.
 enum Database : unsigned {
@@ -41,6 +41,12 @@ struct TableDefinition {
 const std::vector<TableDefinition>& schema_tables();
 // The table of that name; one that does not exist is a failure of the program (std::logic_error).
 const TableDefinition& schema_table(std::string_view name);
+// The columns of a source document's table and what they are called in the invoice's, in the same order;
+// columns that the invoice lacks are not among them.
+struct RenamedColumn {
+    std::string name, from;
+};
+std::vector<RenamedColumn> renamed_columns(std::string_view table);
 // CREATE TABLE and CREATE INDEX texts of one database, one statement each.
 std::vector<std::string> schema_statements(Database database);
 // The words of a text in which they are parted by single blanks.

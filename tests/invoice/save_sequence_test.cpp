@@ -1,7 +1,8 @@
 // The statements of a registration, in their order, and what is left when one of them fails.
 #include <gtest/gtest.h>
 
-#include "support/seat.h"
+#include "invoice/small_company.h"
+#include "support/recorder.h"
 
 namespace kalvane {
 namespace {
@@ -9,60 +10,10 @@ namespace {
 using test::Installation;
 using test::Seat;
 
-struct Recorded {
-    std::string connection, text;
-};
-
-// Records the program's statements; the n-th (from 0) fails when asked.
-class Recorder {
-  public:
-    explicit Recorder(int fail_at = -1) {
-        ado::hook.before = [this, fail_at](const ado::Connection& c, std::string_view text) {
-            if (c.name != "main" && c.name != "config") return;
-            const bool history = text.find("プログラム稼動履歴") != std::string_view::npos;
-            statements.push_back({history ? "history" : c.name, std::string(text)});
-            if (!history && positions++ == fail_at) {
-                statements.pop_back();
-                throw ado::Error(7, "倒れました");
-            }
-        };
-    }
-    ~Recorder() { ado::hook = {}; }
-    std::vector<Recorded> statements;  // those that ran, history rows among them
-    int positions = 0;
-};
-
-// A company small enough to work every figure out by hand.
-void lay_masters(const Installation& at) {
-    for (const char* sql :
-         {"UPDATE Mユーザ SET 売上数量少数以下桁数 = '1', 売上単価少数以下桁数 = '2', 仕入数量少数以下桁数 = "
-          "'1', 仕入単価少数以下桁数 = '2', "
-          "売上金額丸め方法 = '0', 仕入金額丸め方法 = '0', 更新実行区分 = '1', 伝票番号管理区分 = '0', "
-          "暗証番号有無 = '0', 決算月 = '3', 決算日 = '31'",
-          "INSERT INTO M部門 (コード, 名称) VALUES ('010', '営業部')",
-          "INSERT INTO Mセクション (コード, 名称) VALUES ('020', '第一課')",
-          "UPDATE M担当者 SET 部門コード = '010', セクションコード = '020' WHERE コード = '00001'",
-          "INSERT INTO M得意先 (コード, 名称A, 名称B, 御担当者名, 担当者コード, 消費税区分, 消費税算出区分, "
-          "消費税丸め方法, 消費税丸め桁位置, "
-          "消費税端数調整区分, 名称入力区分, 取引状況区分) VALUES ('000123', '株式会社 山田商店', "
-          "'東京本店', '鈴木', '00001', '1', '2', '5', '0', "
-          "'1', '0', '1')",
-          "INSERT INTO M商品 (コード, 名称A, 名称B, 単位, 売上課税区分, 売上消費税区分, 仕入課税区分, "
-          "仕入消費税区分, 税抜販売単価, 税込販売単価, "
-          "税抜仕入単価, 税込仕入単価, 仕入先コード, 取扱状況区分) VALUES ('P1', '鉛筆', 'HB', '本', '0', "
-          "'0', '0', '0', 33, 36, 20, 22, '', '1'), "
-          "('P2', 'O''Brien Pad', NULL, '冊', '0', '2', '0', '0', 100, 110, 60, 66, '', '1')"})
-        at.main(sql);
-}
-
-void type_two_lines(const Seat& seat) {
-    EntryScreen& s = seat.screen();
-    seat.enter(s.得意先コード, "123");
-    seat.enter(s.タイトル, "It's 改装");
-    seat.line(0, "P1", "10");
-    seat.line(1, "P2", "3");
-    press_focus(s.請求伝票備考A);
-}
+using test::lay_masters;
+using test::Recorder;
+using test::register_document;
+using test::type_two_lines;
 
 constexpr const char* series = "SELECT A番号情報.* FROM A番号情報 WHERE A番号情報.番号ID = '16240'";
 constexpr const char* tax =
@@ -75,7 +26,7 @@ TEST(請求登録, 文の順序) {
     type_two_lines(seat);
     Recorder recorder;
     click(seat.screen().btn_登録);
-    const std::vector<std::pair<const char*, std::string>> expected{
+    const test::Expected expected{
         {"config", "SELECT * FROM 動作環境定義 WHERE 動作環境定義ID = '001'"},
         {"main", "SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = '00001'"},
         {"main",
@@ -115,11 +66,8 @@ TEST(請求登録, 文の順序) {
         {"main", series},
         {"main", series},
     };
+    test::expect_sequence(recorder.statements, expected);
     ASSERT_EQ(recorder.statements.size(), expected.size());
-    for (std::size_t i = 0; i < expected.size(); ++i) {
-        EXPECT_EQ(recorder.statements[i].connection, expected[i].first) << i;
-        EXPECT_EQ(recorder.statements[i].text.substr(0, expected[i].second.size()), expected[i].second) << i;
-    }
     EXPECT_EQ(
         recorder.statements[15].text,
         "INSERT INTO [T営業請求] "
@@ -169,42 +117,11 @@ TEST(請求登録, 文の順序) {
               std::string::npos);
 }
 
-// With a statement failing at each position in turn, the rest of the sequence runs as it would: what was let
-// through stands in the database, nothing else does, and the failure stands in the run history.
 TEST(請求登録, 一文ずつの失敗) {
     const Installation at(setup::Content::empty);
     lay_masters(at);
     at.keep();
-    const std::string tables[] = {
-        "SELECT * FROM T営業請求",  "SELECT * FROM T営業請求明細 ORDER BY 営業請求行No",
-        "SELECT * FROM R営業請求",  "SELECT * FROM R営業請求明細 ORDER BY 営業請求行No",
-        "SELECT * FROM 未集計情報", "SELECT * FROM A番号情報 ORDER BY 番号ID"};
-    int positions = 0;
-    for (int n = -1; n < positions; ++n) {  // first whole, to count the positions
-        SCOPED_TRACE(n);
-        at.restore();
-        std::vector<Recorded> ran;
-        {
-            Seat seat(at);
-            type_two_lines(seat);
-            Recorder recorder(n);
-            click(seat.screen().btn_登録);
-            ran = recorder.statements;
-            if (n < 0) positions = recorder.positions;
-            EXPECT_FALSE(process_ended());
-            EXPECT_FALSE(failed_in_dispatch());
-        }
-        std::string program;
-        for (const std::string& t : tables) program += at.main(t) + "\n\n";
-        EXPECT_EQ(at.config("SELECT COUNT(*) FROM プログラム稼動履歴 WHERE 摘要 LIKE 'エラー %倒れました'"),
-                  n < 0 ? "0" : "1");
-        at.restore();
-        for (const Recorded& r : ran)
-            if (r.connection == "main" && !r.text.starts_with("SELECT")) at.main(r.text);
-        std::string replayed;
-        for (const std::string& t : tables) replayed += at.main(t) + "\n\n";
-        EXPECT_EQ(program, replayed);
-    }
+    test::fail_at_each_position(at, type_two_lines, register_document);
 }
 
 }  // namespace

@@ -74,19 +74,18 @@ TEST(起動, 文の順序) {
         start.end();
         const std::vector<std::string> end(start.statements.begin() + static_cast<std::ptrdiff_t>(before_end),
                                            start.statements.end());
-        EXPECT_EQ(
-            end, (std::vector<std::string>{
-                     history_insert("000000000002", "終了"),
-                     "main SELECT * FROM 使用状況 WHERE コンピュータID = 'SEAT01' AND ユーザID = 'tanaka'",
-                     "main UPDATE 使用状況 SET プログラムID = 'KalvaneInvoiceEntry', 終了日時 = '20240410 "
-                     "093000' WHERE コンピュータID = 'SEAT01' AND ユーザID = 'tanaka'"}));
+        EXPECT_EQ(end,
+                  (std::vector<std::string>{
+                      history_insert("000000000002", "終了"),
+                      "main SELECT * FROM 使用状況 WHERE コンピュータID = 'SEAT01' AND ユーザID = 'tanaka'",
+                      "main UPDATE 使用状況 SET プログラムID = 'KalvaneInvoiceEntry', 終了日時 = '20240410 "
+                      "093000' WHERE コンピュータID = 'SEAT01' AND ユーザID = 'tanaka'"}));
         EXPECT_FALSE(実行環境.主接続.is_open() || 実行環境.設定接続.is_open() || 実行環境.主接続中 ||
                      実行環境.設定接続中);
     }
     EXPECT_EQ(at.main("SELECT * FROM 使用状況"),
               "SEAT01|tanaka|KalvaneInvoiceEntry|20240410 093000|20240410 093000");
-    EXPECT_EQ(history_of(at),
-              (std::vector<std::string>{"開始 O'Brien x", "終了", "開始 O'Brien x", "終了"}));
+    EXPECT_EQ(history_of(at), (std::vector<std::string>{"開始 O'Brien x", "終了", "開始 O'Brien x", "終了"}));
 }
 
 TEST(起動, 起動後の状態) {

@@ -3,10 +3,12 @@
 #include <fcntl.h>
 #include <sodium.h>
 #include <sys/stat.h>
+#include <termios.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
+#include <iostream>
 #include <optional>
 #include <vector>
 
@@ -87,6 +89,20 @@ std::string 復号(std::string_view stored) {
                                                   size - crypto_secretbox_NONCEBYTES, box.data(), key->data());
     sodium_memzero(key->data(), key->size());
     return opened == 0 ? plain : std::string();
+}
+
+std::string read_secret_line() {
+    termios former{};
+    const bool terminal = tcgetattr(STDIN_FILENO, &former) == 0;
+    if (terminal) {
+        termios silent = former;
+        silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
+    }
+    std::string line;
+    std::getline(std::cin, line);
+    if (terminal) tcsetattr(STDIN_FILENO, TCSAFLUSH, &former);
+    return line;
 }
 
 }  // namespace kalvane::os

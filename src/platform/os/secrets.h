@@ -19,4 +19,7 @@ std::string 暗号化(std::string_view plain);
 // empty text, which matches no PIN.
 std::string 復号(std::string_view stored);
 
+// One line of standard input, without echo on a terminal.
+std::string read_secret_line();
+
 }  // namespace kalvane::os

@@ -1,0 +1,238 @@
+// Finding the installation, the two connections, the per-user copies.
+#include "data/configuration.h"
+
+#include <gtest/gtest.h>
+
+#include "data/query.h"
+#include "desktop/wait_box.h"
+#include "startup/start_run.h"
+
+namespace kalvane {
+namespace {
+
+namespace fs = std::filesystem;
+using test::history_of;
+using test::Installation;
+using test::Start;
+
+void move_file(const std::string& root, const char* from, const char* to) {
+    fs::create_directories(fs::path(root + "/" + to).parent_path());
+    fs::rename(root + "/" + from, root + "/" + to);
+}
+
+struct Layout {
+    const char* name;
+    std::string program;  // below the installation's parent, "root" being the installation
+    void (*change)(const std::string& root) = nullptr;
+    std::string at = "root";  // where the root is looked for
+    bool found = true;
+    int general = 1, config = 1, report = 1;
+};
+void PrintTo(const Layout& l, std::ostream* out) {
+    *out << l.name;
+}
+class 配置 : public testing::TestWithParam<Layout> {};
+
+TEST_P(配置, 環境定義) {
+    const Layout& l = GetParam();
+    const Installation installation(setup::Content::empty);
+    const std::string native = installation.root();
+    const std::string parent = native.substr(0, native.size() - 4);
+    if (l.change) l.change(native);
+    Start start(parent, {.program = l.program});
+    EXPECT_EQ(start.running(), l.found);
+    const std::string root = os::program_path(parent + l.at);
+    EXPECT_EQ(実行環境.ルートフォルダ, root);
+    EXPECT_EQ(実行環境.プログラムフォルダ, root + "\\prgbin");
+    EXPECT_EQ(実行環境.共通設定フォルダ, root + "\\conf");
+    EXPECT_EQ(実行環境.共通帳票フォルダ, root + "\\report");
+    EXPECT_EQ(実行環境.マニュアルフォルダ, root + "\\manual");
+    EXPECT_EQ(実行環境.共通DB種別, l.general);
+    EXPECT_EQ(実行環境.設定DB種別, l.config);
+    EXPECT_EQ(実行環境.帳票DB種別, l.report);
+    constexpr const char* endings[] = {"", "\\data\\gnrdb.accdb", "\\data\\gnrdb.mdb"};
+    EXPECT_EQ(実行環境.共通DBパス, l.general ? root + endings[l.general] : "");
+    EXPECT_EQ(実行環境.設定フォルダ, l.found ? root + "\\conf" : "");
+    EXPECT_EQ(実行環境.帳票フォルダ, l.found ? root + "\\report" : "");
+}
+const Layout layouts[] = {
+    {.name = "plain", .program = "root/prgbin/X"},
+    {.name = "sources", .program = "root/prgsrc/X"},
+    {.name = "deep", .program = "root/prgbin/a/b/X"},
+    {.name = "capitals", .program = "root/PrgBin/X"},
+    {.name = "prgbin_before_prgsrc", .program = "root/prgbin/prgsrc/X"},
+    // prgbin is looked for first, wherever it stands
+    {.name = "prgbin_behind_prgsrc",
+     .program = "root/prgsrc/prgbin/X",
+     .at = "root/prgsrc",
+     .found = false,
+     .general = 0,
+     .config = 0,
+     .report = 0},
+    {.name = "twice", .program = "root/prgbin/x/prgbin/X"},
+    // the folder alone counts, not the program's name
+    {.name = "mdb_beside_accdb",
+     .program = "root/prgbin/X",
+     .change =
+         [](const std::string& root) {
+             for (const char* file : {"/conf/usrcnfg.mdb", "/data/gnrdb.mdb", "/report/repdb.mdb"})
+                 std::ofstream(root + file) << "older, but written later";
+         }},
+    {.name = "mdb_alone",
+     .program = "root/prgbin/X",
+     .change =
+         [](const std::string& root) {
+             move_file(root, "conf/usrcnfg.accdb", "conf/usrcnfg.mdb");
+             move_file(root, "data/gnrdb.accdb", "data/gnrdb.mdb");
+             move_file(root, "report/repdb.accdb", "report/repdb.mdb");
+         },
+     .general = 2,
+     .config = 2,
+     .report = 2},
+    {.name = "neither",
+     .program = "root/prgbin/X",
+     .change =
+         [](const std::string& root) {
+             fs::remove(root + "/data/gnrdb.accdb");
+             fs::remove(root + "/report/repdb.accdb");
+         },
+     .general = 0,
+     .report = 0},
+    {.name = "folder_of_that_name",
+     .program = "root/prgbin/X",
+     .change =
+         [](const std::string& root) {
+             fs::remove(root + "/data/gnrdb.accdb");
+             fs::create_directory(root + "/data/gnrdb.accdb");
+         },
+     .general = 0},
+};
+INSTANTIATE_TEST_SUITE_P(Layouts, 配置, testing::ValuesIn(layouts),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(環境定義, 列の読込) {
+    const Installation at(setup::Content::empty);
+    at.config(
+        "UPDATE データベース定義 SET dbmw = ' m ', ドライバ名 = ' d ', データベース名 = NULL, パスワード = ' "
+        "p'");
+    at.config(
+        "UPDATE 動作環境定義 SET 運用事業所コード = NULL, CL更新実行区分 = '2x', バックアップ日付 = "
+        "'20240401 "
+        "0930', バックアップ方法 = 'x', 日曜バックアップ = '1', バックアップフォルダ = 'C:\\b'");
+    os::set_screen_size({1280, 1024});
+    Start start(at.root());
+    const RunContext& r = 実行環境;
+    EXPECT_EQ(r.画面幅 + r.画面高さ * 10000, 10241280);
+    EXPECT_EQ(r.db + r.dbmw, "A m ");  // as they stand
+    EXPECT_EQ(r.ドライバ名 + "|" + r.データベース名 + "|" + r.パスワード, "d||p");
+    EXPECT_EQ(r.運用事業所コード + r.事業所コード, "000000");
+    EXPECT_EQ(r.CL更新実行区分, 2);
+    EXPECT_EQ(r.バックアップ日付, "20240401");
+    EXPECT_EQ(r.バックアップ方法, 0);
+    EXPECT_EQ(r.日曜バックアップ, 1);
+    EXPECT_EQ(r.バックアップフォルダ, "C:\\b");
+    EXPECT_EQ(r.データベースパス, os::program_path(at.root() + "/data/kalvane.accdb"));
+    EXPECT_EQ(r.主接続.ConnectionTimeout * 1000000 + r.主接続.CommandTimeout * 10 + r.主接続.CursorLocation,
+              60300003);
+    EXPECT_EQ(r.設定接続.ConnectionTimeout, 60);
+    os::set_screen_size({0, 0});
+}
+
+// Kinds "S" and "O" over the embedded engine: the file stands where the kind looks for it.
+TEST(主DB, 種類ごとの接続) {
+    const Installation at(setup::Content::empty);
+    for (const char* sql :
+         {"UPDATE データベース定義 SET db = 'S', サーバー名 = データソース名, データソース名 = "
+          "'nowhere', データベース名 = 'catalog', ユーザーID = 'sa', パスワード = 'x'",
+          "UPDATE データベース定義 SET db = 'O', データソース名 = サーバー名, サーバー名 = 'nowhere'"}) {
+        at.config(sql);
+        Start start(at.root());
+        EXPECT_TRUE(start.running()) << sql;
+        EXPECT_EQ(実行環境.データベースパス, "");
+    }
+}
+
+TEST(設定DB, 再接続) {
+    const Installation at(setup::Content::empty);
+    Start start(at.root());
+    ado::Recordset rs;
+    ASSERT_TRUE(設定DB参照(rs, "SELECT * FROM 動作環境定義"));
+    EXPECT_TRUE(設定DB再接続());
+    EXPECT_EQ(rs.Fields("動作環境定義ID").text(), "001");  // an open reader keeps its row
+    実行環境.設定接続.Close();
+    EXPECT_TRUE(設定DB再接続());  // the failing close is passed over
+    const std::string file = at.root() + "/conf/usrcnfg.accdb";
+    fs::rename(file, file + "x");
+    EXPECT_FALSE(設定DB再接続());
+    EXPECT_FALSE(実行環境.設定接続中);
+    EXPECT_FALSE(設定DB実行("DELETE FROM 未集計情報"));
+    fs::rename(file + "x", file);
+    EXPECT_TRUE(設定DB再接続());
+    EXPECT_TRUE(実行環境.設定接続中);
+    EXPECT_TRUE(設定DB実行("DELETE FROM 未集計情報"));
+}
+
+// --- a configuration of one's own for each user
+
+std::string content(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), {}};
+}
+std::string seat_report(const std::string& root) {
+    std::string names;
+    for (const char* name : {"repdb.accdb", "repdb.mdb", "repfrmdb.accdb", "repfrmdb.mdb"})
+        if (fs::exists(root + "/users/tanaka/report/" + name)) names += name + std::string(" ");
+    return names;
+}
+
+TEST(ユーザ別環境, 複写は一度だけ) {
+    const Installation at(setup::Content::empty);
+    at.config("UPDATE 動作環境定義 SET インストール区分 = '1', 起動担当者コード = '00001'");
+    const std::string users = at.root() + "/users/tanaka";
+    std::vector<std::string> shown;
+    static bool box_open;
+    box_open = false;
+    {
+        os::file_hook.before = [](std::string_view operation, std::string_view) {
+            if (operation == "CopyFile") box_open = box_open || msgお待ち.visible;
+        };
+        Start start(at.root());
+        ASSERT_TRUE(start.running());
+        EXPECT_EQ(実行環境.設定フォルダ, os::program_path(users + "/conf"));
+        EXPECT_EQ(実行環境.帳票フォルダ, os::program_path(users + "/report"));
+        EXPECT_TRUE(box_open);
+        EXPECT_FALSE(msgお待ち.visible);
+    }
+    EXPECT_EQ(seat_report(at.root()), "repdb.accdb repfrmdb.accdb ");
+    EXPECT_EQ(content(users + "/report/repdb.accdb"), content(at.root() + "/report/repdb.accdb"));
+    EXPECT_TRUE(history_of(at).empty());  // the history goes to the seat's own file
+    // the next start leaves what is there, and makes good what is not
+    at.config("UPDATE 動作環境定義 SET 起動担当者コード = '00009'");
+    std::ofstream(users + "/report/repdb.accdb") << "own";
+    fs::remove(users + "/report/repfrmdb.accdb");
+    Start start(at.root());
+    EXPECT_EQ(実行環境.起動担当者コード, "00001");
+    EXPECT_EQ(content(users + "/report/repdb.accdb"), "own");
+    EXPECT_EQ(seat_report(at.root()), "repdb.accdb ");  // only a missing repdb brings both
+    ado::Recordset rs;
+    EXPECT_TRUE(設定DB参照(rs, "SELECT COUNT(*) AS n FROM プログラム稼動履歴"));
+    EXPECT_EQ(rs.Fields("n").text(), "3");
+}
+
+TEST(ユーザ別環境, 帳票の種別) {
+    const Installation at(setup::Content::empty);
+    at.config("UPDATE 動作環境定義 SET インストール区分 = '1'");
+    const std::string report = at.root() + "/report/";
+    fs::rename(report + "repdb.accdb", report + "repdb.mdb");
+    fs::copy_file(report + "repfrmdb.accdb", report + "repfrmdb.mdb");
+    { Start start(at.root()); }
+    EXPECT_EQ(seat_report(at.root()), "repdb.mdb repfrmdb.accdb repfrmdb.mdb ");
+    fs::remove_all(at.root() + "/users");
+    fs::remove(report + "repdb.mdb");
+    Start start(at.root());
+    EXPECT_TRUE(start.running());
+    EXPECT_FALSE(fs::exists(at.root() + "/users/tanaka/report"));
+}
+
+}  // namespace
+}  // namespace kalvane
