@@ -23,7 +23,7 @@ Child run_child(const std::vector<std::string>& words, const std::string& input)
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
     posix_spawn_file_actions_addopen(&actions, 0, input.empty() ? "/dev/null" : input.c_str(), O_RDONLY, 0);
-    posix_spawn_file_actions_addopen(&actions, 1, "/dev/null", O_WRONLY, 0);
+    posix_spawn_file_actions_adddup2(&actions, 2, 1);
     Child child;
     const auto start = std::chrono::steady_clock::now();
     pid_t pid = 0;

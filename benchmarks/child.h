@@ -14,7 +14,7 @@ struct Child {
     long peak_kib = 0;   // most memory it held at a time, this process's own peak at its start included
 };
 // Runs words[0] with the others as its arguments and waits for it; `input` is a file for its standard input,
-// "" for none. Its standard output is thrown away.
+// "" for none. Its standard output goes where errors go.
 Child run_child(const std::vector<std::string>& words, const std::string& input);
 // Most memory that this process has held so far, KiB.
 long own_peak_kib();

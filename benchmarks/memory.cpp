@@ -19,7 +19,8 @@ void write_script(const std::string& file) {
     for (int i = 0; i < document_lines; ++i)
         out << "enter P000" << 1 + i % 9 << " \"\" " << 1 + i % 40 << " \"\" \"\"\n";
     out << "click btn_登録\nexpect window msg印刷確認\nclick btn_登録\n"
-           "expect-sql main \"SELECT COUNT(*) FROM T営業請求明細\" "
+           "expect-sql main \"SELECT MAX(n) FROM (SELECT COUNT(*) AS n FROM T営業請求明細 GROUP BY "
+           "営業請求No)\" "
         << document_lines << "\nclick btn_終了\nexpect ended\n";
     out.flush();
     if (!out) throw std::runtime_error("cannot write " + file);

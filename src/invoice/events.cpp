@@ -148,7 +148,7 @@ void page_turned(Control& c) {
         case 0:
         case 1: フォーカス設定(first_row_field(実行環境.現在画面行, c.number)); break;
         case 2: フォーカス設定(screen().営業請求メモ); break;
-        default: break;
+        default: フォーカス設定(c); break;  // the strip itself; what had the focus is hidden now
     }
 }
 

@@ -14,13 +14,18 @@
 namespace kalvane {
 namespace {
 
-// A half-read document must not stay on the screen.
+constexpr std::string HeaderRecord::*date_fields[] = {&HeaderRecord::営業請求日付, &HeaderRecord::営業請求日付年,
+                                                      &HeaderRecord::営業請求日付月, &HeaderRecord::営業請求日付日};
+
+// A half-read document must not stay on the screen; nor its date, which a clear keeps and may stumble over.
 template <class Work>
 void or_cleared(const SourceRow& source, Work work) {
+    const HeaderRecord before = 請求ヘッダ;
     try {
         work();
     } catch (...) {
         (実行環境.recordsets.*source.recordset).Close();
+        for (auto m : date_fields) 請求ヘッダ.*m = before.*m;
         文書初期化();
         throw;
     }

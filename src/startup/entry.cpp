@@ -48,7 +48,9 @@ void 画面初期設定() {
     for (const FrameHeight& f : frame_heights)
         if (f.version == バージョン判定()) s.height = notice_top + notice_height + f.twips;
     s.width = notice_width + frame_width;
-    set_form_caption(s, std::string(プログラムID) + "（" + 実行環境.名称 + "）");
+    std::string caption = プログラムID;
+    caption.append("（").append(実行環境.名称).append("）");
+    set_form_caption(s, caption);
     画面コード表読込();
     s.scl_行.large_change = 10;
     set_enabled(s.scl_行, false);

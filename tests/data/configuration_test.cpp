@@ -15,18 +15,13 @@ using test::history_of;
 using test::Installation;
 using test::Start;
 
-void move_file(const std::string& root, const char* from, const char* to) {
-    fs::create_directories(fs::path(root + "/" + to).parent_path());
-    fs::rename(root + "/" + from, root + "/" + to);
-}
-
 struct Layout {
     const char* name;
-    std::string program;  // below the installation's parent, "root" being the installation
-    void (*change)(const std::string& root) = nullptr;
-    std::string at = "root";  // where the root is looked for
-    bool found = true;
+    std::string program;  // behind the installation's root
     int general = 1, config = 1, report = 1;
+    // "old>new" is moved, ">new" is laid down, "old>" taken away
+    std::vector<std::string> changes = {};
+    std::string below = "";  // the program's root, behind the installation's
 };
 void PrintTo(const Layout& l, std::ostream* out) {
     *out << l.name;
@@ -35,13 +30,21 @@ class 配置 : public testing::TestWithParam<Layout> {};
 
 TEST_P(配置, 環境定義) {
     const Layout& l = GetParam();
-    const Installation installation(setup::Content::empty);
-    const std::string native = installation.root();
-    const std::string parent = native.substr(0, native.size() - 4);
-    if (l.change) l.change(native);
-    Start start(parent, {.program = l.program});
-    EXPECT_EQ(start.running(), l.found);
-    const std::string root = os::program_path(parent + l.at);
+    const Installation at(setup::Content::empty);
+    for (const std::string& change : l.changes) {
+        const std::size_t mark = change.find('>');
+        const fs::path from = at.root() + change.substr(0, mark), to = at.root() + change.substr(mark + 1);
+        if (mark == 0)
+            std::ofstream(to) << "written later";
+        else if (mark + 1 == change.size())
+            fs::remove(from);
+        else
+            fs::rename(from, to);
+    }
+    Start start(at.root(), {.program = l.program});
+    const bool found = l.config != 0;
+    EXPECT_EQ(start.running(), found);
+    const std::string root = os::program_path(at.root() + l.below);
     EXPECT_EQ(実行環境.ルートフォルダ, root);
     EXPECT_EQ(実行環境.プログラムフォルダ, root + "\\prgbin");
     EXPECT_EQ(実行環境.共通設定フォルダ, root + "\\conf");
@@ -52,60 +55,35 @@ TEST_P(配置, 環境定義) {
     EXPECT_EQ(実行環境.帳票DB種別, l.report);
     constexpr const char* endings[] = {"", "\\data\\gnrdb.accdb", "\\data\\gnrdb.mdb"};
     EXPECT_EQ(実行環境.共通DBパス, l.general ? root + endings[l.general] : "");
-    EXPECT_EQ(実行環境.設定フォルダ, l.found ? root + "\\conf" : "");
-    EXPECT_EQ(実行環境.帳票フォルダ, l.found ? root + "\\report" : "");
+    EXPECT_EQ(実行環境.設定フォルダ, found ? root + "\\conf" : "");
+    EXPECT_EQ(実行環境.帳票フォルダ, found ? root + "\\report" : "");
 }
 const Layout layouts[] = {
-    {.name = "plain", .program = "root/prgbin/X"},
-    {.name = "sources", .program = "root/prgsrc/X"},
-    {.name = "deep", .program = "root/prgbin/a/b/X"},
-    {.name = "capitals", .program = "root/PrgBin/X"},
-    {.name = "prgbin_before_prgsrc", .program = "root/prgbin/prgsrc/X"},
+    {"plain", "/prgbin/X"},
+    {"sources", "/prgsrc/X"},
+    {"deep", "/prgbin/a/b/X"},
+    {"capitals", "/PrgBin/X"},
+    {"twice", "/prgbin/x/prgbin/X"},
+    {"prgbin_before_prgsrc", "/prgbin/prgsrc/X"},
     // prgbin is looked for first, wherever it stands
-    {.name = "prgbin_behind_prgsrc",
-     .program = "root/prgsrc/prgbin/X",
-     .at = "root/prgsrc",
-     .found = false,
-     .general = 0,
-     .config = 0,
-     .report = 0},
-    {.name = "twice", .program = "root/prgbin/x/prgbin/X"},
-    // the folder alone counts, not the program's name
-    {.name = "mdb_beside_accdb",
-     .program = "root/prgbin/X",
-     .change =
-         [](const std::string& root) {
-             for (const char* file : {"/conf/usrcnfg.mdb", "/data/gnrdb.mdb", "/report/repdb.mdb"})
-                 std::ofstream(root + file) << "older, but written later";
-         }},
-    {.name = "mdb_alone",
-     .program = "root/prgbin/X",
-     .change =
-         [](const std::string& root) {
-             move_file(root, "conf/usrcnfg.accdb", "conf/usrcnfg.mdb");
-             move_file(root, "data/gnrdb.accdb", "data/gnrdb.mdb");
-             move_file(root, "report/repdb.accdb", "report/repdb.mdb");
-         },
-     .general = 2,
-     .config = 2,
-     .report = 2},
-    {.name = "neither",
-     .program = "root/prgbin/X",
-     .change =
-         [](const std::string& root) {
-             fs::remove(root + "/data/gnrdb.accdb");
-             fs::remove(root + "/report/repdb.accdb");
-         },
-     .general = 0,
-     .report = 0},
-    {.name = "folder_of_that_name",
-     .program = "root/prgbin/X",
-     .change =
-         [](const std::string& root) {
-             fs::remove(root + "/data/gnrdb.accdb");
-             fs::create_directory(root + "/data/gnrdb.accdb");
-         },
-     .general = 0},
+    {"prgbin_behind_prgsrc", "/prgsrc/prgbin/X", 0, 0, 0, {}, "/prgsrc"},
+    // only the folder is looked at
+    {"program_of_that_name", "/prgsrc/prgbin"},
+    {"mdb_beside_accdb",
+     "/prgbin/X",
+     1,
+     1,
+     1,
+     {">/conf/usrcnfg.mdb", ">/data/gnrdb.mdb", ">/report/repdb.mdb"}},
+    {"mdb_alone",
+     "/prgbin/X",
+     2,
+     2,
+     2,
+     {"/conf/usrcnfg.accdb>/conf/usrcnfg.mdb", "/data/gnrdb.accdb>/data/gnrdb.mdb",
+      "/report/repdb.accdb>/report/repdb.mdb"}},
+    {"neither", "/prgbin/X", 0, 1, 0, {"/data/gnrdb.accdb>", "/report/repdb.accdb>"}},
+    {"folder_of_that_name", "/prgbin/X", 0, 1, 1, {"/data/gnrdb.accdb>", "/manual>/data/gnrdb.accdb"}},
 };
 INSTANTIATE_TEST_SUITE_P(Layouts, 配置, testing::ValuesIn(layouts),
                          [](const auto& info) { return std::string(info.param.name); });

@@ -86,6 +86,8 @@ TEST_F(ファイル, フォルダ作成の失敗) {
     ASSERT_EQ(boxes.size(), 2U);
     EXPECT_EQ(boxes[0], "DIREXISTCHK ERROR75駄目");
     EXPECT_TRUE(boxes[1].starts_with("DIREXISTCHK ERROR2")) << boxes[1];  // there is no such folder
+    フォルダ作成("\\\\none\\share\\a\\f");                                // a share is never made
+    EXPECT_EQ(boxes.size(), 3U);
     EXPECT_EQ(folders(), "");
 }
 

@@ -56,6 +56,13 @@ inline void lay_documents(const Installation& at, int n = 1) {
 
 inline void open_document(const Seat& seat, std::string_view number) { seat.enter(seat.screen().営業請求No, number); }
 
+// Empties a field and leaves it by Enter.
+inline void empty_field(const Seat& seat, Control& c) {
+    press_focus(c);
+    press_key(seat.screen(), Key::Delete);
+    press_key(seat.screen(), Key::Enter);
+}
+
 using Columns = std::initializer_list<std::pair<std::string, std::string>>;
 
 // A row of a table; columns that are not named are NULL.

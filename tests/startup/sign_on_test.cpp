@@ -142,6 +142,9 @@ TEST(担当者, 空の列は前の値) {
     EXPECT_FALSE(担当者情報読込("99999"));
     EXPECT_EQ(実行環境.起動担当者コード, "00003");
     EXPECT_EQ(実行環境.担当者ログインID, "");  // only the sign-on box reads it
+    at.config("UPDATE 動作環境定義 SET 起動担当者コード = NULL");
+    EXPECT_FALSE(起動担当者読込());
+    EXPECT_EQ(実行環境.起動担当者コード, "");
 }
 
 // The rights that a program's own row gave stay until the operator is read again.

@@ -2,6 +2,7 @@
 #pragma once
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -58,7 +59,7 @@ inline void expect_sequence(const std::vector<Recorded>& ran, const Expected& ex
 
 // The run history rows in order, each cut to its first characters.
 inline std::string history_rows(const Installation& at, int behind = 0) {
-    return at.config("SELECT SUBSTR(摘要, 1, 24) FROM プログラム稼動履歴 WHERE rowid > " + std::to_string(behind) +
+    return at.config("SELECT RTRIM(SUBSTR(摘要, 1, 23)) FROM プログラム稼動履歴 WHERE rowid > " + std::to_string(behind) +
                      " ORDER BY rowid");
 }
 inline int history_count(const Installation& at) {
@@ -126,7 +127,8 @@ void fail_at_each_position(const Installation& at, Prepare prepare, Act act) {
             whole = ran;
             continue;
         }
-        if (failed.starts_with("SELECT")) continue;  // another road may follow from what was not read
+        // another road may follow from what was not read, or from a number that was not taken
+        if (!failed.starts_with("INSERT") && !failed.starts_with("DELETE")) continue;
         ASSERT_EQ(ran.size() + 1, whole.size()) << failed;
         for (std::size_t i = 0; i < ran.size(); ++i)
             EXPECT_EQ(ran[i].text, whole[i < static_cast<std::size_t>(n) ? i : i + 1].text) << i;
