@@ -198,12 +198,12 @@ std::string& code_held(const Master& m, int i) {
     return m.head.empty() ? 請求明細行[i].*m.line[0].text : 請求ヘッダ.*m.head[0].text;
 }
 
-// What a code field's keys may put into it. Codes go into statements as they are, so one that could not have
+// What a code field's keys may put into it, and the blanks of a padded column. Codes go into statements as they are, so one that could not have
 // been typed is not taken from a table either.
 bool could_be_typed(std::string_view code) {
     return std::ranges::all_of(code, [](char c) {
         return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-' ||
-               c == '_' || c == '.' || c == '/';
+               c == '_' || c == '.' || c == '/' || c == ' ';
     });
 }
 
