@@ -389,9 +389,10 @@ TEST_F(Operated, ShowPrintsTheWindowOnTop) {
 区分=通常
 完了=0
 btn_登録=登録
-Lab_行[0]=1  商品コード[0]=
+商品コード[0]=
 tab_詳細=0
 scl_行=0
+Lab_行[0]=1
 box 登録しますか？
 window wnd得意先一覧 
 *List得意先=2 rows

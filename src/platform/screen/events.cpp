@@ -164,13 +164,18 @@ void press_now(Form& form, Key key) {
     }
 }
 
-// One event of the form: dispatched when the form takes events, and looked at again inside.
+// One event of the form: dispatched when the form takes events, and looked at again inside. A control that
+// the event has put out of use does not keep the focus.
 void form_event(Form& form, const std::function<void()>& event) {
-    if (takes_events(form)) dispatch(event);
+    if (!takes_events(form)) return;
+    dispatch([&] {
+        event();
+        if (takes_events(form) && form.active && !can_take_focus(*form.active)) move_focus(form, true);
+    });
 }
 
 void control_event(Control& c, const std::function<void()>& event) {
-    if (c.form && takes_events(*c.form) && usable(c)) dispatch(event);
+    if (c.form && usable(c)) form_event(*c.form, event);
 }
 
 }  // namespace
@@ -258,7 +263,11 @@ void scroll_to(Control& bar, int position) {
 }
 
 bool close_form(Form& form) {
-    form_event(form, [&] { unload_form(form); });
+    form_event(form, [&] {
+        // what is being typed counts as input
+        if (form.active && takes_text(*form.active) && !form.active->select_all) commit_field(form);
+        if (takes_events(form)) unload_form(form);
+    });
     return !form.visible;
 }
 
