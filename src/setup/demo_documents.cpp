@@ -27,8 +27,8 @@ namespace kalvane::setup {
 namespace {
 
 constexpr int invoices = 60, documents_of_a_kind = 30;
-constexpr Date first_day{2022, 4, 4}, last_day{2024, 4, 9};
-constexpr int days = 736;  // from the first to the last
+constexpr Date first_day{2022, 4, 4};
+constexpr int days = 736;  // to the last one, 9 April 2024
 
 constexpr std::string_view subjects[] = {"事務用品一式", "春季備品", "新社屋什器", "定期納品分", "移転作業", "年度末納品",
                                          "会議室改装", "教材一式", "催事用品", "防災備蓄"};
