@@ -228,12 +228,11 @@ void ユーザ別環境準備() {
     const std::string report = std::string("\\repdb") + ending(実行環境.帳票DB種別);
     フォルダ作成(実行環境.帳票フォルダ + report);
     if (ファイル存在確認(実行環境.帳票フォルダ + report)) return;
-    お待ち表示();
+    const お待ち wait;
     std::vector<std::string> files{report, std::string("\\repfrmdb") + ending(実行環境.帳票DB種別)};
     if (実行環境.帳票DB種別 == 2) files.push_back("\\repfrmdb.accdb");
     for (const std::string& f : files) ファイル複写(実行環境.共通帳票フォルダ + f, 実行環境.帳票フォルダ + f);
     Access信頼設定();
-    お待ち終了();
 }
 
 }  // namespace kalvane

@@ -1,15 +1,15 @@
 #include "data/linkage.h"
 
+#include "base/failure.h"
 #include "data/configuration.h"
 #include "data/fields.h"
 #include "data/query.h"
 #include "startup/operator_record.h"
 
 namespace kalvane {
+namespace {
 
-void 連携受信(const std::string& command_line, const std::string& since) {
-    実行環境.連携元プログラムID.clear();
-    ado::Recordset rs;
+void take_request(ado::Recordset& rs, const std::string& command_line, const std::string& since) {
     if (設定DB参照(rs, "SELECT * FROM プログラム連携情報 WHERE 発信日時 >= '" + since + "' AND 受信プログラムID = '" + プログラムID +
                        "' AND 起動連携情報 = '" + 引用符二重化(command_line) + "' AND 連携区分 = '00'")) {
         実行環境.連携元プログラムID = text_of(rs, "発信プログラムID");
@@ -17,6 +17,18 @@ void 連携受信(const std::string& command_line, const std::string& since) {
         設定DB実行("DELETE FROM プログラム連携情報 WHERE 発信日時 = '" + text_of(rs, "発信日時") + "' AND 発信プログラムID = '" +
                text_of(rs, "発信プログラムID") + "' AND 受信プログラムID = '" + text_of(rs, "受信プログラムID") +
                "' AND 連携区分 = '00'");
+    }
+}
+
+}  // namespace
+
+void 連携受信(const std::string& command_line, const std::string& since) {
+    実行環境.連携元プログラムID.clear();
+    ado::Recordset rs;
+    try {
+        take_request(rs, command_line, since);
+    } catch (const RunFailure&) {
+        // a table without a column: no request
     }
     rs.Close();
 }

@@ -94,11 +94,12 @@ void 登録処理() {
         離脱項目移動();
         return;
     }
-    お待ち表示();
-    営業請求保存();
-    if (result == 0 && 操作権限確認(業務メニュ, print_program, Operation::print)) 請求書印刷();
-    登録後画面初期化();
-    お待ち終了();
+    {
+        const お待ち wait;
+        営業請求保存();
+        if (result == 0 && 操作権限確認(業務メニュ, print_program, Operation::print)) 請求書印刷();
+        登録後画面初期化();
+    }
     登録後終了();
 }
 

@@ -83,7 +83,7 @@ std::string program_name(std::string name) {
 
 void type_into_active(const Run& run, const std::string& text) {
     active_control(run);
-    if (!text.empty()) type_text(form_on_top(), text);
+    if (!text.empty()) run.hands.type_text(form_on_top(), text);
 }
 
 // --- the commands; w[0] is the verb
@@ -134,7 +134,7 @@ void print(Run& run, const Words& w) {
 void focus(Run& run, const Words& w) {
     Control& c = control_for_input(run, w[1]);
     if (!can_take_focus(c)) throw WrongLine(w[1] + " cannot take the focus");
-    press_focus(c);
+    run.hands.press_focus(c);
 }
 
 void type(Run& run, const Words& w) {
@@ -143,34 +143,34 @@ void type(Run& run, const Words& w) {
 
 void paste(Run& run, const Words& w) {
     active_control(run);
-    paste_into(form_on_top(), w[1]);
+    run.hands.paste_into(form_on_top(), w[1]);
 }
 
 void key(Run& run, const Words& w) {
     const auto known =
         std::find_if(keys.begin(), keys.end(), [&w](const NamedKey& k) { return k.name == w[1]; });
     if (known == keys.end()) throw WrongLine("no key is named " + w[1]);
-    press_key(form_for_input(run), known->key);
+    run.hands.press_key(form_for_input(run), known->key);
 }
 
 void enter(Run& run, const Words& w) {
     for (std::size_t i = 1; i < w.size() && !process_ended(); ++i) {
         type_into_active(run, w[i]);
-        press_key(form_for_input(run), Key::Enter);
+        run.hands.press_key(form_for_input(run), Key::Enter);
     }
 }
 
 void click_control(Run& run, const Words& w) {
-    click(control_for_input(run, w[1]));
+    run.hands.click(control_for_input(run, w[1]));
 }
 
 void double_click_control(Run& run, const Words& w) {
-    double_click(control_for_input(run, w[1]));
+    run.hands.double_click(control_for_input(run, w[1]));
 }
 
 void dropdown(Run& run, const Words&) {
     active_control(run);
-    drop_down(form_on_top());
+    run.hands.drop_down(form_on_top());
 }
 
 void choose_entry(Run& run, const Words& w) {
@@ -181,7 +181,7 @@ void choose_entry(Run& run, const Words& w) {
     const auto count = static_cast<int>(c.entries.size());
     if (entry < 0 || (entry >= count && (combo || count > 0)))
         throw WrongLine(w[1] + " has no entry " + w[2]);
-    choose(c, entry);
+    run.hands.choose(c, entry);
 }
 
 void select_row(Run& run, const Words& w) {
@@ -189,11 +189,11 @@ void select_row(Run& run, const Words& w) {
     const int row = whole_number(w[2]);
     if (row < 0 || row >= static_cast<int>(list_named(w[1]).items.size()))
         throw WrongLine(w[1] + " has no row " + w[2]);
-    select_item(list, row);
+    run.hands.select_item(list, row);
 }
 
 void wheel(Run& run, const Words& w) {
-    turn_wheel(form_for_input(run), whole_number(w[1]));
+    run.hands.turn_wheel(form_for_input(run), whole_number(w[1]));
 }
 
 void scroll(Run& run, const Words& w) {
@@ -202,14 +202,15 @@ void scroll(Run& run, const Words& w) {
         return c->kind == ControlKind::scroll && on_show(*c);
     });
     if (bar == form.controls.end()) throw WrongLine("the window has no scroll bar");
-    scroll_to(**bar, whole_number(w[1]));
+    run.hands.scroll_to(**bar, whole_number(w[1]));
 }
 
-void press_box_button(Waiting& box, const std::string& button) {
+void press_box_button(const Hands& hands, Waiting& box, const std::string& button) {
     const bool ok = box.kind == Waiting::Kind::ok && button == "OK";
     const bool yes = box.kind == Waiting::Kind::yes_no && button == "はい";
     const bool no = box.kind == Waiting::Kind::yes_no && button == "いいえ";
     if (!ok && !yes && !no) throw WrongLine("the box has no button " + button + ": " + on_one_line(box.text));
+    if (hands.answer_box) hands.answer_box(!no);
     box.yes = !no;
     box.answered = true;
 }
@@ -220,7 +221,7 @@ void answer(Run& run, const Words& w) {
     if (!run.waiting) throw WrongLine("no box is open");
     if (run.waiting->kind != Waiting::Kind::dialog) {
         if (w.size() != 2 || first == 0) throw WrongLine("a message box is open, no dialog");
-        return press_box_button(*run.waiting, w[1]);
+        return press_box_button(run.hands, *run.waiting, w[1]);
     }
     if (w[first] == "pick" && w.size() == first + 2)
         run.waiting->path = w[first + 1];
@@ -231,10 +232,11 @@ void answer(Run& run, const Words& w) {
 
 void close(Run& run, const Words&) {
     if (!run.waiting) {
-        close_form(form_on_top());
+        run.hands.close_form(form_on_top());
         return;
     }
     if (run.waiting->kind == Waiting::Kind::yes_no) throw WrongLine("the box can only be answered");
+    if (run.waiting->kind == Waiting::Kind::ok && run.hands.close_box) run.hands.close_box();
     run.waiting->answered = run.waiting->yes = true;
 }
 
@@ -282,6 +284,11 @@ void not_available(Run&, const Words& w) {
     throw WrongLine(w[0] + " is not available here");
 }
 
+void screenshot(Run& run, const Words& w) {
+    if (!run.hands.screenshot) return not_available(run, w);
+    if (!run.hands.screenshot(w[1])) throw WrongLine("the picture cannot be written: " + w[1]);
+}
+
 enum class When { before_start, running, also_after_end };
 
 struct Command {
@@ -327,7 +334,7 @@ constexpr std::array commands{
     Command{"sql", 2, 2, When::also_after_end, sql},
     Command{"expect-sql", 3, 3, When::also_after_end, expect_sql},
     Command{"show", 0, 0, When::running, show},
-    Command{"screenshot", 1, 1, When::running, not_available},
+    Command{"screenshot", 1, 1, When::running, screenshot},
 };
 
 const Command* command_named(std::string_view verb) {

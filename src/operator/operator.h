@@ -5,6 +5,8 @@
 
 namespace kalvane {
 
+struct Hands;
+
 // What the scripted operator needs of the program it runs.
 struct OperatedProgram {
     void (*reset)() = nullptr;  // a fresh start of all records
@@ -26,6 +28,7 @@ struct ScriptRun {
     std::string program_path;  // native path or argv[0] that the installation is found from
     std::string command_line;  // of the program, as it stands
     const OperatedProgram* program = &invoice_entry;
+    const Hands* hands = nullptr;  // of the window; without them the script acts on the models
 };
 
 // Runs a script to its end and returns its ScriptStatus. What the script prints and the failed expectations

@@ -50,6 +50,7 @@ void run_to_the_end(Run& run) {
         if (process_ended()) guarded(run, finish);
     }
     guarded(run, finish);
+    if (run.hands.settle) run.hands.settle();
     run.out->flush();
 }
 
@@ -67,6 +68,7 @@ bool take_line(Run& run) {
     try {
         if (process_ended() && !runs_after_end(line)) throw WrongLine("the program has ended");
         carry_out(run, line);
+        if (run.hands.settle) run.hands.settle();
     } catch (const WrongLine& e) {
         wrong(run, line, e.what());
     } catch (const ado::Error& e) {
@@ -103,6 +105,7 @@ int run_script(const ScriptRun& source, std::ostream& out, std::ostream& err) {
     using namespace script;
     Run run;
     run.program = source.program;
+    run.hands = source.hands ? *source.hands : bare_hands();
     run.out = &out;
     run.err = &err;
     try {

@@ -12,6 +12,7 @@
 #include "operator/script.h"
 #include "platform/os/process.h"
 #include "platform/screen/host.h"
+#include "window/hands.h"
 
 namespace kalvane::script {
 
@@ -39,6 +40,7 @@ struct Run {
     std::vector<os::Launch> launched;
     std::vector<std::string> missing;
     bool launch_real = false;
+    Hands hands;  // how the acts reach the program
 };
 inline Run* running = nullptr;
 
@@ -55,6 +57,8 @@ bool take_line(Run& run);
 void out_of_lines(Run& run, bool box);
 void run_entry(Run& run);
 void expectation(Run& run, bool held, const std::string& what, const std::string& found);
+// The hands that act on the models.
+Hands bare_hands();
 // Fills the screen host and the launcher with this run's own; and empties them.
 void install_host();
 void remove_host();

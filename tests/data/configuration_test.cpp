@@ -6,6 +6,7 @@
 #include "data/query.h"
 #include "desktop/wait_box.h"
 #include "startup/start_run.h"
+#include "support/table.h"
 
 namespace kalvane {
 namespace {
@@ -15,78 +16,51 @@ using test::history_of;
 using test::Installation;
 using test::Start;
 
-struct Layout {
-    const char* name;
-    std::string program;  // behind the installation's root
-    int general = 1, config = 1, report = 1;
-    // "old>new" is moved, ">new" is laid down, "old>" taken away
-    std::vector<std::string> changes = {};
-    std::string below = "";  // the program's root, behind the installation's
-};
-void PrintTo(const Layout& l, std::ostream* out) {
-    *out << l.name;
-}
-class 配置 : public testing::TestWithParam<Layout> {};
-
-TEST_P(配置, 環境定義) {
-    const Layout& l = GetParam();
-    const Installation at(setup::Content::empty);
-    for (const std::string& change : l.changes) {
-        const std::size_t mark = change.find('>');
-        const fs::path from = at.root() + change.substr(0, mark), to = at.root() + change.substr(mark + 1);
-        if (mark == 0)
-            std::ofstream(to) << "written later";
-        else if (mark + 1 == change.size())
-            fs::remove(from);
-        else
-            fs::rename(from, to);
+// The program behind the installation's root; the kinds of the three databases; changes before, "old>new"
+// moved,
+// ">new" laid down, "old>" taken away; the program's root, behind the installation's. prgbin is looked for
+// first, wherever it stands, and only the folder is looked at.
+TEST(配置, 環境定義) {
+    for (const auto& r :
+         test::table(R"(/prgbin/X|1 1 1|| ; /prgsrc/X|1 1 1|| ; /prgbin/a/b/X|1 1 1|| ; /PrgBin/X|1 1 1||
+        /prgbin/x/prgbin/X|1 1 1|| ; /prgbin/prgsrc/X|1 1 1|| ; /prgsrc/prgbin/X|0 0 0||/prgsrc ; \
+          /prgsrc/prgbin|1 1 1||
+        /prgbin/X|1 1 1|>/conf/usrcnfg.mdb >/data/gnrdb.mdb >/report/repdb.mdb|
+        /prgbin/X|2 2 2|/conf/usrcnfg.accdb>/conf/usrcnfg.mdb /data/gnrdb.accdb>/data/gnrdb.mdb \
+          /report/repdb.accdb>/report/repdb.mdb|
+        /prgbin/X|0 1 0|/data/gnrdb.accdb> /report/repdb.accdb>|
+        /prgbin/X|0 1 1|/data/gnrdb.accdb> /manual>/data/gnrdb.accdb|)")) {
+        SCOPED_TRACE(r[0] + r[2]);
+        const Installation at(setup::Content::empty);
+        std::istringstream changes(r[2]);
+        for (std::string change; changes >> change;) {
+            const std::size_t mark = change.find('>');
+            const fs::path from = at.root() + change.substr(0, mark),
+                           to = at.root() + change.substr(mark + 1);
+            if (mark == 0)
+                std::ofstream(to) << "written later";
+            else if (mark + 1 == change.size())
+                fs::remove(from);
+            else
+                fs::rename(from, to);
+        }
+        Start start(at.root(), {.program = r[0]});
+        const int general = r[1][0] - '0', config = r[1][2] - '0', report = r[1][4] - '0';
+        EXPECT_EQ(start.running(), config != 0);
+        const std::string root = os::program_path(at.root() + r[3]);
+        const RunContext& c = 実行環境;
+        EXPECT_EQ(
+            c.ルートフォルダ + " " + c.プログラムフォルダ + " " + c.共通設定フォルダ + " " +
+                c.共通帳票フォルダ + " " + c.マニュアルフォルダ,
+            root + " " + root + "\\prgbin " + root + "\\conf " + root + "\\report " + root + "\\manual");
+        EXPECT_EQ(c.共通DB種別 * 100 + c.設定DB種別 * 10 + c.帳票DB種別,
+                  general * 100 + config * 10 + report);
+        constexpr const char* endings[] = {"", "\\data\\gnrdb.accdb", "\\data\\gnrdb.mdb"};
+        EXPECT_EQ(c.共通DBパス, general ? root + endings[general] : "");
+        EXPECT_EQ(c.設定フォルダ, config ? root + "\\conf" : "");
+        EXPECT_EQ(c.帳票フォルダ, config ? root + "\\report" : "");
     }
-    Start start(at.root(), {.program = l.program});
-    const bool found = l.config != 0;
-    EXPECT_EQ(start.running(), found);
-    const std::string root = os::program_path(at.root() + l.below);
-    EXPECT_EQ(実行環境.ルートフォルダ, root);
-    EXPECT_EQ(実行環境.プログラムフォルダ, root + "\\prgbin");
-    EXPECT_EQ(実行環境.共通設定フォルダ, root + "\\conf");
-    EXPECT_EQ(実行環境.共通帳票フォルダ, root + "\\report");
-    EXPECT_EQ(実行環境.マニュアルフォルダ, root + "\\manual");
-    EXPECT_EQ(実行環境.共通DB種別, l.general);
-    EXPECT_EQ(実行環境.設定DB種別, l.config);
-    EXPECT_EQ(実行環境.帳票DB種別, l.report);
-    constexpr const char* endings[] = {"", "\\data\\gnrdb.accdb", "\\data\\gnrdb.mdb"};
-    EXPECT_EQ(実行環境.共通DBパス, l.general ? root + endings[l.general] : "");
-    EXPECT_EQ(実行環境.設定フォルダ, found ? root + "\\conf" : "");
-    EXPECT_EQ(実行環境.帳票フォルダ, found ? root + "\\report" : "");
 }
-const Layout layouts[] = {
-    {"plain", "/prgbin/X"},
-    {"sources", "/prgsrc/X"},
-    {"deep", "/prgbin/a/b/X"},
-    {"capitals", "/PrgBin/X"},
-    {"twice", "/prgbin/x/prgbin/X"},
-    {"prgbin_before_prgsrc", "/prgbin/prgsrc/X"},
-    // prgbin is looked for first, wherever it stands
-    {"prgbin_behind_prgsrc", "/prgsrc/prgbin/X", 0, 0, 0, {}, "/prgsrc"},
-    // only the folder is looked at
-    {"program_of_that_name", "/prgsrc/prgbin"},
-    {"mdb_beside_accdb",
-     "/prgbin/X",
-     1,
-     1,
-     1,
-     {">/conf/usrcnfg.mdb", ">/data/gnrdb.mdb", ">/report/repdb.mdb"}},
-    {"mdb_alone",
-     "/prgbin/X",
-     2,
-     2,
-     2,
-     {"/conf/usrcnfg.accdb>/conf/usrcnfg.mdb", "/data/gnrdb.accdb>/data/gnrdb.mdb",
-      "/report/repdb.accdb>/report/repdb.mdb"}},
-    {"neither", "/prgbin/X", 0, 1, 0, {"/data/gnrdb.accdb>", "/report/repdb.accdb>"}},
-    {"folder_of_that_name", "/prgbin/X", 0, 1, 1, {"/data/gnrdb.accdb>", "/manual>/data/gnrdb.accdb"}},
-};
-INSTANTIATE_TEST_SUITE_P(Layouts, 配置, testing::ValuesIn(layouts),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST(環境定義, 列の読込) {
     const Installation at(setup::Content::empty);
@@ -95,8 +69,7 @@ TEST(環境定義, 列の読込) {
         "p'");
     at.config(
         "UPDATE 動作環境定義 SET 運用事業所コード = NULL, CL更新実行区分 = '2x', バックアップ日付 = "
-        "'20240401 "
-        "0930', バックアップ方法 = 'x', 日曜バックアップ = '1', バックアップフォルダ = 'C:\\b'");
+        "'20240401 0930', バックアップ方法 = 'x', 日曜バックアップ = '1', バックアップフォルダ = 'C:\\b'");
     os::set_screen_size({1280, 1024});
     Start start(at.root());
     const RunContext& r = 実行環境;
@@ -120,8 +93,8 @@ TEST(環境定義, 列の読込) {
 TEST(主DB, 種類ごとの接続) {
     const Installation at(setup::Content::empty);
     for (const char* sql :
-         {"UPDATE データベース定義 SET db = 'S', サーバー名 = データソース名, データソース名 = "
-          "'nowhere', データベース名 = 'catalog', ユーザーID = 'sa', パスワード = 'x'",
+         {"UPDATE データベース定義 SET db = 'S', サーバー名 = データソース名, データソース名 = 'nowhere', "
+          "データベース名 = 'catalog', ユーザーID = 'sa', パスワード = 'x'",
           "UPDATE データベース定義 SET db = 'O', データソース名 = サーバー名, サーバー名 = 'nowhere'"}) {
         at.config(sql);
         Start start(at.root());

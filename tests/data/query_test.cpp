@@ -3,8 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+#include <map>
+
+#include "base/text.h"
 #include "data/history_row.h"
 #include "startup/start_run.h"
+#include "support/table.h"
 
 namespace kalvane {
 namespace {
@@ -23,106 +28,63 @@ TEST(文, 引用符とゼロ) {
     EXPECT_EQ(ゼロ文字列(3) + "|" + ゼロ文字列(1) + "|" + ゼロ文字列(0) + "|" + ゼロ文字列(-5), "000|0||");
 }
 
-struct Call {
-    const char* name;
-    bool (*call)();
-    bool result;
-    std::vector<std::string> history;  // behind the start row
-};
-
-bool main_read(const char* sql, bool log) {
-    ado::Recordset rs;
-    const bool found = 主DB読込(rs, sql, log);
-    rs.Close();
-    return found;
-}
-bool config_read(bool (*read)(ado::Recordset&, const std::string&), const char* sql) {
-    ado::Recordset rs;
-    const bool found = read(rs, sql);
-    rs.Close();
-    rs.Close();
-    return found;
-}
-
-const Call calls[] = {
-    {"read", [] { return main_read("SELECT * FROM M担当者 WHERE コード = '00001'", false); }, true, {}},
-    {"read_logged",
-     [] { return main_read("SELECT * FROM M担当者 WHERE コード = '00001'  ", true); },
-     true,
-     {"出力終了 SELECT * FROM M担当者 WHERE コード = '00001'"}},
-    {"miss", [] { return main_read("SELECT * FROM M担当者 WHERE コード = 'x'", false); }, false, {}},
-    {"miss_logged",
-     [] { return main_read("SELECT TOP 1 * FROM M担当者 WHERE コード = 'x'", true); },
-     false,
-     {"出力終了 SELECT TOP 1 * FROM M担当者 WHERE コード = 'x'"}},
-    {"read_failing",
-     [] { return main_read("SELECT * FROM 無い", true); },
-     false,
-     {"エラー SELECT * FROM 無いno such table: 無い"}},
-    {"empty_text", [] { return main_read("", false); }, false, {"エラー the statement is empty"}},
-    {"two_statements",
-     [] { return 主DB実行("DELETE FROM 使用状況; DELETE FROM M担当者"); },
-     false,
-     {"エラー DELETE FROM 使用状況; DELETE FROM M担当者text behind the statement"}},
-    {"run", [] { return 主DB実行("DELETE FROM 使用状況"); }, true, {}},
-    {"run_logged",
-     [] { return 主DB実行("UPDATE M担当者 SET 氏名 = 'O''Neil ' ", true); },
-     true,
-     {"出力終了 UPDATE M担当者 SET 氏名 = 'O''Neil '"}},
-    {"run_failing",
-     [] { return 主DB実行("INSERT INTO M担当者 (コード) VALUES ('00001')", true); },
-     false,
-     {"エラー INSERT INTO M担当者 (コード) VALUES ('00001')UNIQUE constraint failed: M担当者.コード"}},
-    {"config_at_start", [] { return config_read(設定DB読込, "SELECT * FROM Kalvane"); }, true, {}},
-    {"config",
-     [] { return config_read(設定DB参照, "SELECT * FROM Kalvane WHERE プログラムID = ''"); },
-     false,
-     {}},
-    {"config_failing",
-     [] { return config_read(設定DB参照, "SELECT * FROM 無い"); },
-     false,
-     {"エラー SELECT * FROM 無いno such table: 無い"}},
-    {"config_run", [] { return 設定DB実行("DELETE FROM Kalvane"); }, true, {}},
-    {"config_run_logged",
-     [] { return 設定DB実行記録("DELETE FROM Kalvane"); },
-     true,
-     {"出力終了 DELETE FROM Kalvane"}},
-    {"config_run_failing",
-     [] { return 設定DB実行記録("DELETE FROM 無い"); },
-     false,
-     {"エラー DELETE FROM 無いno such table: 無い"}},
-    // a failing history row must not call itself for ever; the business database has no such test
-    {"history_run", [] { return 設定DB実行("DELETE FROM プログラム稼動履歴 WHERE 無い = 1"); }, false, {}},
-    {"history_read",
-     [] { return config_read(設定DB参照, "SELECT 無い FROM プログラム稼動履歴"); },
-     false,
-     {}},
-    {"history_on_main",
-     [] { return main_read("SELECT * FROM プログラム稼動履歴", false); },
-     false,
-     {"エラー SELECT * FROM プログラム稼動履歴no such table: プログラム稼動履歴"}},
-    {"schema_change",
-     [] { return 主DB実行("DROP TABLE M担当者"); },
-     false,
-     {"エラー DROP TABLE M担当者not authorized"}},
-    {"queue_is_logged",
-     [] {
-         稼動履歴出力記録("DELETE FROM 未集計情報");
-         return true;
-     },
-     true,
-     {"出力終了 DELETE FROM 未集計情報"}},
-};
-
+// A call by its word, its statement ("~" for a blank at its end), the result, the row behind the start row.
 TEST(問合せ, 結果と履歴) {
+    const auto read = [](const std::string& sql, bool log) {
+        ado::Recordset rs;
+        const bool found = 主DB読込(rs, sql, log);
+        rs.Close();
+        return found;
+    };
+    const std::map<std::string, std::function<bool(const std::string&)>> calls{
+        {"read", [&](const std::string& sql) { return read(sql, false); }},
+        {"read_logged", [&](const std::string& sql) { return read(sql, true); }},
+        {"run", [](const std::string& sql) { return 主DB実行(sql); }},
+        {"run_logged", [](const std::string& sql) { return 主DB実行(sql, true); }},
+        {"config",
+         [](const std::string& sql) {
+             ado::Recordset rs;
+             return 設定DB参照(rs, sql);
+         }},
+        {"config_at_start",
+         [](const std::string& sql) {
+             ado::Recordset rs;
+             return 設定DB読込(rs, sql);
+         }},
+        {"config_run", [](const std::string& sql) { return 設定DB実行(sql); }},
+        {"config_run_logged", [](const std::string& sql) { return 設定DB実行記録(sql); }},
+        {"log", [](const std::string& sql) { return 稼動履歴出力記録(sql), true; }}};
     const Installation at(setup::Content::empty);
     Start start(at.root());
     ASSERT_TRUE(start.running());
-    for (const Call& c : calls) {
-        SCOPED_TRACE(c.name);
+    // a failing history row must not call itself for ever; the business database has no such test
+    for (const auto& r : test::table(R"(read|SELECT * FROM M担当者 WHERE コード = '00001'|1|
+        read_logged|SELECT * FROM M担当者 WHERE コード = '00001'~|1|出力終了 SELECT * FROM M担当者 WHERE \
+          コード = '00001'
+        read|SELECT * FROM M担当者 WHERE コード = 'x'||
+        read_logged|SELECT TOP 1 * FROM M担当者 WHERE コード = 'x'||出力終了 SELECT TOP 1 * FROM M担当者 \
+          WHERE コード = 'x'
+        read_logged|SELECT * FROM 無い||エラー SELECT * FROM 無いno such table: 無い
+        read|||エラー the statement is empty
+        run|DELETE FROM 使用状況; DELETE FROM M担当者||エラー DELETE FROM 使用状況; DELETE FROM \
+          M担当者text behind the statement
+        run|DELETE FROM 使用状況|1|
+        run_logged|UPDATE M担当者 SET 氏名 = 'O''Neil '~|1|出力終了 UPDATE M担当者 SET 氏名 = 'O''Neil '
+        run_logged|INSERT INTO M担当者 (コード) VALUES ('00001')||エラー INSERT INTO M担当者 (コード) \
+          VALUES ('00001')UNIQUE constraint failed: M担当者.コード
+        config_at_start|SELECT * FROM Kalvane|1| ; config|SELECT * FROM Kalvane WHERE プログラムID = ''||
+        config|SELECT * FROM 無い||エラー SELECT * FROM 無いno such table: 無い
+        config_run_logged|DELETE FROM Kalvane|1|出力終了 DELETE FROM Kalvane ; config_run|DELETE FROM Kalvane|1|
+        config_run_logged|DELETE FROM 無い||エラー DELETE FROM 無いno such table: 無い
+        config_run|DELETE FROM プログラム稼動履歴 WHERE 無い = 1|| ; config|SELECT 無い FROM プログラム稼動履歴||
+        read|SELECT * FROM プログラム稼動履歴||エラー SELECT * FROM プログラム稼動履歴no such table: \
+          プログラム稼動履歴
+        run|DROP TABLE M担当者||エラー DROP TABLE M担当者not authorized
+        log|DELETE FROM 未集計情報|1|出力終了 DELETE FROM 未集計情報)")) {
+        SCOPED_TRACE(r[0] + " " + r[1]);
         at.config("DELETE FROM プログラム稼動履歴");
-        EXPECT_EQ(c.call(), c.result);
-        EXPECT_EQ(history_of(at), c.history);
+        EXPECT_EQ(calls.at(r[0])(Replace(r[1], "~", " ")), r[2] == "1");
+        EXPECT_EQ(history_of(at), r[3].empty() ? std::vector<std::string>{} : std::vector{r[3]});
     }
     EXPECT_TRUE(Start::boxes.empty());
 }

@@ -35,8 +35,7 @@ TEST(ホイール, 行の移動) {
         {"three", true, 0, 0, 10, -3, 6},          {"held_at_the_end", true, 9, 0, 10, -1, 10},
         {"at_the_end", true, 10, 0, 10, -1, 10},   {"at_the_start", true, 1, 0, 10, 1, 0},
         {"turned_limits", true, 5, 10, 0, -4, 10}, {"turned_limits_away", true, 1, 10, 0, 1, 0},
-        {"disabled", false, 4, 0, 10, -1, 4},
-    };
+        {"disabled", false, 4, 0, 10, -1, 4}};
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         set_enabled(form.bar, c.enabled);

@@ -4,10 +4,12 @@
 #include <random>
 
 #include "invoice/calculation.h"
-#include "master_database.h"
+#include "support/program_database.h"
 
 namespace kalvane {
 namespace {
+
+using namespace test;
 
 using Count = std::int64_t;
 
@@ -127,7 +129,7 @@ struct Reference {
     }
 };
 
-struct CalculationReference : MasterDatabase {
+struct CalculationReference : ProgramDatabase {
     std::mt19937 random;
 
     std::int16_t pick(std::initializer_list<int> values) {

@@ -79,8 +79,7 @@ const std::string words[] = {
     "ｶﾞｷﾞ",
     "１２",
     "x\ny",
-    "全角六十バイトを超える案件名で、切られるまで打ち続けられる長さを持つもの、それでもまだ続く",
-};
+    "全角六十バイトを超える案件名で、切られるまで打ち続けられる長さを持つもの、それでもまだ続く"};
 
 constexpr const char* customers[] = {"1", "2", "3", "4", "5", "14", "19", "23", "37"};
 constexpr const char* products[] = {"P0001", "P0014", "P0029", "P0043", "P0050", "P0065", "P0073", "P0078"};
@@ -105,71 +104,33 @@ std::string act(Dice& dice) {
     EntryScreen& s = screen();
     Control& any = *dice.one_of(s.controls);
     const std::string name = any.name + "[" + std::to_string(any.row) + "]";
+    const auto key = [&](Key k) {
+        press_key(s, k);
+        return "key " + std::to_string(static_cast<int>(k));
+    };
     const int kind = dice.below(100);
-    if (kind < 25) {
-        press_key(s, Key::Enter);
-        return "Enter";
-    }
-    if (kind < 35) {
-        const Key key = dice.one_of(often);
-        press_key(s, key);
-        return "key " + std::to_string(static_cast<int>(key));
-    }
-    if (kind < 37) {
-        const Key key = dice.one_of(seldom);
-        press_key(s, key);
-        return "key " + std::to_string(static_cast<int>(key));
-    }
-    if (kind < 60) {
-        const std::string& text = dice.one_of(words);
-        type_text(s, text);
-        return "type " + text;
-    }
+    if (kind < 25) return key(Key::Enter);
+    if (kind < 35) return key(dice.one_of(often));
+    if (kind < 37) return key(dice.one_of(seldom));
     if (kind < 66) {
-        const std::string& text = dice.below(8) == 0 ? long_text : dice.one_of(words);
-        paste_into(s, text);
-        return "paste " + Left(text, 20);
+        const std::string& text = kind >= 60 && dice.below(8) == 0 ? long_text : dice.one_of(words);
+        kind < 60 ? type_text(s, text) : paste_into(s, text);
+        return (kind < 60 ? "type " : "paste ") + Left(text, 20);
     }
-    if (kind < 78) {
-        press_focus(any);
-        return "focus " + name;
-    }
+    if (kind < 78) return press_focus(any), "focus " + name;
     if (kind < 86) {
         // the required head first, else the lines are never reached
         Control& c = dice.coin() ? s.得意先コード : required_head_field(1 + dice.below(8));
-        press_focus(c);
-        return "focus " + c.name;
+        return press_focus(c), "focus " + c.name;
     }
-    if (kind < 90) {
-        click(any);
-        return "click " + name;
-    }
-    if (kind < 92) {
-        double_click(any);
-        return "double click " + name;
-    }
-    if (kind < 95) {
-        choose(any, dice.below(8) - 1);
-        return "choose " + name;
-    }
-    if (kind < 96) {
-        choose(s.tab_詳細, dice.below(4));
-        return "page";
-    }
-    if (kind < 98) {
-        turn_wheel(s, dice.below(7) - 3);
-        return "wheel";
-    }
-    if (kind < 99) {
-        scroll_to(s.scl_行, dice.below(40) - 3);
-        return "scroll";
-    }
-    if (dice.below(10) == 0) {
-        close_form(s);
-        return "close";
-    }
-    drop_down(s);
-    return "drop down";
+    if (kind < 90) return click(any), "click " + name;
+    if (kind < 92) return double_click(any), "double click " + name;
+    if (kind < 95) return choose(any, dice.below(8) - 1), "choose " + name;
+    if (kind < 96) return choose(s.tab_詳細, dice.below(4)), "page";
+    if (kind < 98) return turn_wheel(s, dice.below(7) - 3), "wheel";
+    if (kind < 99) return scroll_to(s.scl_行, dice.below(40) - 3), "scroll";
+    if (dice.below(10) == 0) return close_form(s), "close";
+    return drop_down(s), "drop down";
 }
 
 // --- what holds after every event; each gives a complaint or nothing
@@ -189,16 +150,13 @@ Complaint position() {
     return "";
 }
 
-bool is_source_number(const Control& c) {
-    const EntryScreen& s = screen();
-    return &c == &s.営業見積No || &c == &s.顧客注文No || &c == &s.営業納品No || &c == &s.参照営業請求No;
-}
-
 Complaint focus() {
     const Control* active = screen().active;
     if (!active) return "no focus";
     // the number of a source document that was read is closed under the focus, until the next key moves on
-    const bool source = is_source_number(*active);
+    const EntryScreen& s = screen();
+    const bool source = active == &s.営業見積No || active == &s.顧客注文No || active == &s.営業納品No ||
+                        active == &s.参照営業請求No;
     if (!on_show(*active) || (!active->enabled && !source)) return "focus in " + active->name;
     if (active->name.ends_with("終了") && !active->name.starts_with("btn_"))
         return "focus kept by " + active->name;

@@ -8,6 +8,7 @@
 #include "invoice/clearing.h"
 #include "invoice/columns.h"
 #include "invoice/screen_display.h"
+#include "setup/schema.h"
 #include "support/seat.h"
 
 namespace kalvane {
@@ -23,39 +24,32 @@ std::string_view column_name(const ScreenField& f) {
     return name;
 }
 
-template <class Columns, class Pred>
-std::string_view column_with(const Columns& columns, Pred pred) {
-    const auto found = std::find_if(columns.begin(), columns.end(), pred);
-    return found == columns.end() ? "" : found->name;
-}
-
 std::string_view column_of(const ScreenField& f) {
-    if (f.key_text) return column_with(header_columns, [&](const auto& c) { return c.key == f.key_text; });
-    if (f.head_text) return column_with(header_columns, [&](const auto& c) { return c.text == f.head_text; });
-    if (f.head_digit)
-        return column_with(header_columns, [&](const auto& c) { return c.digit == f.head_digit; });
-    if (f.head_money)
-        return column_with(header_columns, [&](const auto& c) { return c.money == f.head_money; });
-    if (f.line_text) return column_with(line_columns, [&](const auto& c) { return c.text == f.line_text; });
-    if (f.line_digit)
-        return column_with(line_columns, [&](const auto& c) { return c.digit == f.line_digit; });
-    if (f.line_money)
-        return column_with(line_columns, [&](const auto& c) { return c.money == f.line_money; });
+    for (const HeaderColumn& c : header_columns)
+        if ((f.key_text && c.key == f.key_text) || (f.head_text && c.text == f.head_text) ||
+            (f.head_digit && c.digit == f.head_digit) || (f.head_money && c.money == f.head_money))
+            return c.name;
+    for (const LineColumn& c : line_columns)
+        if ((f.line_text && c.text == f.line_text) || (f.line_digit && c.digit == f.line_digit) ||
+            (f.line_money && c.money == f.line_money))
+            return c.name;
     return "";
 }
 
-// Shown or set on the screen without a column of its own.
-const std::set<std::string_view> without_column = {
-    "営業請求日付年", "営業請求日付月", "営業請求日付日",            // parts of a column
-    "担当者名",       "部門名",         "セクション名",              // names of the masters
-    "chb_複写区分",   "仕入商品名",     "chb_KalvaneEnvelopePrint",  // marks and a copy
-};
+using Names = std::set<std::string_view>;
+Names names_of(std::string_view text) {
+    const auto words = setup::words(text);
+    return {words.begin(), words.end()};
+}
 
 TEST(画面表, StoredFieldsStandInTheColumnsUnderTheirName) {
+    // parts of a column, names of the masters, marks and a copy
+    const Names without_column = names_of(
+        "営業請求日付年 営業請求日付月 営業請求日付日 担当者名 部門名 セクション名 chb_複写区分 仕入商品名 "
+        "chb_KalvaneEnvelopePrint");
     int stored = 0;
     for (const ScreenField& f : screen_fields()) {
-        if (f.store == Store::none && !f.head_money) continue;
-        if (without_column.contains(f.name)) continue;
+        if ((f.store == Store::none && !f.head_money) || without_column.contains(f.name)) continue;
         EXPECT_EQ(column_of(f), column_name(f)) << f.name;
         ++stored;
     }
@@ -66,82 +60,35 @@ TEST(画面表, StoredFieldsStandInTheColumnsUnderTheirName) {
 
 // Columns that no key of the operator reaches directly: keys, settings of partners and products, shipped and
 // sold figures, approvals and stamps.
-const std::set<std::string_view> header_not_typed = {
-    "営業見積事業所コード",
-    "営業見積番号基準日付",
-    "顧客注文事業所コード",
-    "顧客注文番号基準日付",
-    "営業納品事業所コード",
-    "営業納品番号基準日付",
-    "参照営業請求事業所コード",
-    "参照営業請求番号基準日付",
-    "営業請求日付",
-    "請求金額合計",
-    "仕入金額合計",
-    "得意先消費税丸め方法",
-    "得意先消費税丸め桁位置",
-    "得意先消費税端数調整区分",
-    "得意先名称入力区分",
-    "納品先名称入力区分",
-    "出荷完了区分",
-    "完了フラグ",
-    "伝票発行区分",
-    "承認日付",
-    "承認者コード",
-    "承認区分",
-    "登録日付",
-    "更新日付",
-};
-const std::set<std::string_view> line_not_typed = {
-    "営業請求固有行No",
-    "営業請求行No",
-    "売上課税区分",
-    "売上消費税区分",
-    "仕入課税区分",
-    "仕入消費税区分",
-    "商品売上課税区分",
-    "商品売上消費税区分",
-    "商品仕入課税区分",
-    "商品仕入消費税区分",
-    "商品税抜販売単価",
-    "商品税抜仕入単価",
-    "商品税込販売単価",
-    "商品税込仕入単価",
-    "商品名称入力区分",
-    "仕入先消費税区分",
-    "仕入先消費税算出区分",
-    "仕入先消費税丸め方法",
-    "仕入先消費税丸め桁位置",
-    "仕入先消費税端数調整区分",
-    "仕入先名称入力区分",
-    "出荷数量",
-    "税抜出荷金額",
-    "税込出荷金額",
-    "売上数量",
-    "税抜売上金額",
-    "税込売上金額",
-    "明細完了区分",
-    "明細完了日付",
-    "明細メモ",
-    "承認日付",
-    "承認者コード",
-    "承認区分",
-    "登録日付",
-    "更新日付",
-};
+constexpr const char* header_not_typed =
+    "営業見積事業所コード 営業見積番号基準日付 顧客注文事業所コード 顧客注文番号基準日付 "
+    "営業納品事業所コード "
+    "営業納品番号基準日付 参照営業請求事業所コード 参照営業請求番号基準日付 営業請求日付 請求金額合計 "
+    "仕入金額合計 "
+    "得意先消費税丸め方法 得意先消費税丸め桁位置 得意先消費税端数調整区分 得意先名称入力区分 "
+    "納品先名称入力区分 "
+    "出荷完了区分 完了フラグ 伝票発行区分 承認日付 承認者コード 承認区分 登録日付 更新日付";
+constexpr const char* line_not_typed =
+    "営業請求固有行No 営業請求行No 売上課税区分 売上消費税区分 仕入課税区分 仕入消費税区分 商品売上課税区分 "
+    "商品売上消費税区分 商品仕入課税区分 商品仕入消費税区分 商品税抜販売単価 商品税抜仕入単価 "
+    "商品税込販売単価 "
+    "商品税込仕入単価 商品名称入力区分 仕入先消費税区分 仕入先消費税算出区分 仕入先消費税丸め方法 "
+    "仕入先消費税丸め桁位置 仕入先消費税端数調整区分 仕入先名称入力区分 出荷数量 税抜出荷金額 税込出荷金額 "
+    "売上数量 "
+    "税抜売上金額 税込売上金額 明細完了区分 明細完了日付 明細メモ 承認日付 承認者コード 承認区分 登録日付 "
+    "更新日付";
 
-template <class Columns>
-void every_column_is_met(const Columns& columns, const std::set<std::string_view>& not_typed) {
-    std::set<std::string_view> fields;
-    for (const ScreenField& f : screen_fields()) fields.insert(column_of(f));
-    for (const auto& c : columns) {
-        if (!c.text && !c.digit && !c.money) continue;  // keys, copies of the head, stamps
-        EXPECT_NE(fields.contains(c.name), not_typed.contains(c.name)) << c.name;
-    }
-}
 TEST(画面表, ColumnsHaveAFieldOrAreNotTyped) {
-    every_column_is_met(header_columns, header_not_typed);
-    every_column_is_met(line_columns, line_not_typed);
+    Names fields;
+    for (const ScreenField& f : screen_fields()) fields.insert(column_of(f));
+    const auto crossed = [&](const auto& columns, const Names& not_typed) {
+        for (const auto& c : columns) {
+            if (!c.text && !c.digit && !c.money) continue;  // keys, copies of the head, stamps
+            EXPECT_NE(fields.contains(c.name), not_typed.contains(c.name)) << c.name;
+        }
+    };
+    crossed(header_columns, names_of(header_not_typed));
+    crossed(line_columns, names_of(line_not_typed));
 }
 
 TEST(画面表, NamesAreUniqueAndFoundAgain) {
@@ -155,32 +102,6 @@ TEST(画面表, NamesAreUniqueAndFoundAgain) {
             ASSERT_NE(c, nullptr) << f.name << row;
             EXPECT_EQ(field_of(*c), &f);
         }
-    }
-}
-
-TEST(画面表, CombosGoWithTheirCodes) {
-    int pairs = 0;
-    for (const ScreenField& number : screen_fields()) {
-        if (number.store != Store::head_digit || number.kind != ControlKind::xNum) continue;
-        ASSERT_NE(number.combo, nullptr) << number.name;
-        const ScreenField* combo = field_of(frmKalvaneInvoiceEntry.*number.combo);
-        ASSERT_NE(combo, nullptr);
-        EXPECT_EQ(combo->head_digit, number.head_digit);
-        EXPECT_EQ(combo->base, number.base);
-        EXPECT_EQ(combo->name, std::string(number.name) + "名称");
-        EXPECT_EQ(combo->tab_index, number.tab_index + 1);
-        ++pairs;
-    }
-    EXPECT_EQ(pairs, 5);
-}
-
-TEST(画面表, WhatAFieldTakesFitsItsMask) {
-    for (const ScreenField& f : screen_fields()) {
-        const std::string_view mask = f.mask;
-        if (mask.empty()) continue;
-        EXPECT_GE(f.max_length, static_cast<int>(mask.size())) << f.name;
-        EXPECT_TRUE(f.mode == InputMode::digits || f.mode == InputMode::code) << f.name;
-        EXPECT_EQ(mask.find_first_not_of('0'), std::string_view::npos) << f.name;
     }
 }
 
@@ -265,18 +186,13 @@ TEST_F(画面, 色は課税と税込に従う) {
         for (const int kind : {1, 2}) {
             l.売上課税区分 = static_cast<std::int16_t>(taxation);
             l.仕入消費税区分 = static_cast<std::int16_t>(kind);
-            l.仕入課税区分 = l.売上消費税区分 = 0;
+            l.仕入課税区分 = l.売上消費税区分 = static_cast<std::int16_t>(taxation == 1 ? 0 : 1);
             明細行表示(0, 0);
             EXPECT_EQ(s.請求金額[0].fore, taxation == 1 ? untaxed : window_text_colour);
+            EXPECT_EQ(s.仕入金額[0].fore, taxation == 1 ? window_text_colour : untaxed);
             EXPECT_EQ(s.仕入消費税[0].fore, kind == 2 ? tax_in : window_text_colour);
             EXPECT_EQ(s.請求消費税[0].fore, window_text_colour);
-            EXPECT_EQ(s.仕入金額[0].fore, window_text_colour);
         }
-    l.仕入課税区分 = 1;
-    l.売上消費税区分 = 2;
-    明細行表示(0, 0);
-    EXPECT_EQ(s.仕入金額[0].fore, untaxed);
-    EXPECT_EQ(s.請求消費税[0].fore, tax_in);
 }
 
 // A figure that leaves the currency's range: a box, and the document as it was.

@@ -1,58 +1,26 @@
-// The statements of a script, over an installation of two small database files.
+// The statements of a script.
 #include "operator/databases.h"
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
 #include <sstream>
 
 #include "operator/operator.h"
-#include "platform/ado/ado.h"
-#include "platform/os/paths.h"
-#include "startup/run_context.h"
+#include "support/seat.h"
 
 namespace kalvane {
 namespace {
 
-void create(const std::string& native, const std::vector<std::string>& statements) {
-    ado::Connection connection;
-    connection.Open("Provider=Microsoft.ACE.OLEDB.12.0;Data Source=" + os::program_path(native) + ";",
-                    ado::Access::owner);
-    for (const std::string& sql : statements) connection.Execute(sql);
-    connection.Close();
-}
-
-struct Installation : testing::Test {
-    std::filesystem::path root;
-
-    Installation() {
-        std::string name = testing::TempDir() + "kalvane-operator-XXXXXX";
-        root = mkdtemp(name.data());
-        for (const char* folder : {"conf", "data", "prgbin"})
-            std::filesystem::create_directory(root / folder);
-        const std::string data = (root / "data/kalvane.accdb").string();
-        create(
-            (root / "conf/usrcnfg.accdb").string(),
-            {"CREATE TABLE データベース定義 (情報種類 TEXT, db TEXT, プロバイダ名 TEXT, ユーザーID TEXT, "
-             "パスワード TEXT, データソース名 TEXT, サーバー名 TEXT, データベース名 TEXT)",
-             "INSERT INTO データベース定義 VALUES ('GNR', 'A', 'Microsoft.ACE.OLEDB.12.0', NULL, NULL, '" +
-                 os::program_path(data) + "  ', NULL, NULL)",
-             "CREATE TABLE プログラム連携情報 (発信日時 TEXT, 発信プログラムID TEXT, 受信プログラムID TEXT, "
-             "受信期限 TEXT, 連携区分 TEXT, 起動連携情報 TEXT, 終了連携情報 TEXT, 運用事業所コード TEXT, "
-             "起動担当者コード TEXT, ユーザID TEXT)"});
-        create(data, {"CREATE TABLE M (コード TEXT, 数 NUMERIC, 名 TEXT)"});
-        実行環境.設定フォルダ.clear();
-    }
-    ~Installation() override { std::filesystem::remove_all(root); }
-
+struct Databases : testing::Test {
+    test::Installation at{setup::Content::empty};
     std::string out, err;
+    Databases() { at.main("CREATE TABLE M (コード TEXT, 数 NUMERIC, 名 TEXT)"); }
     int run(const std::string& text) {
         const OperatedProgram program;
         ScriptRun run;
         run.text = text;
         run.file = "s";
-        run.program_path = (root / "prgbin/KalvaneInvoiceEntry").string();
+        run.program_path = at.root() + "/prgbin/KalvaneInvoiceEntry";
         run.program = &program;
         std::ostringstream printed, complaints;
         const int status = run_script(run, printed, complaints);
@@ -62,7 +30,7 @@ struct Installation : testing::Test {
     }
 };
 
-TEST_F(Installation, RowsArePrintedAndCompared) {
+TEST_F(Databases, RowsArePrintedAndCompared) {
     EXPECT_EQ(run(R"script(exec main "INSERT INTO M VALUES ('001', 12, NULL)"
 exec main "INSERT INTO M VALUES ('', 0.5, 'あ|い')"
 sql main "SELECT * FROM M ORDER BY コード DESC"
@@ -81,15 +49,15 @@ expect-sql main "SELECT * FROM 無い表" x
         << out;
 }
 
-TEST_F(Installation, AFailingStatementIsAWrongScript) {
+TEST_F(Databases, AFailingStatementIsAWrongScript) {
     EXPECT_EQ(run("exec main \"INSERT INTO 無い表 VALUES (1)\""), script_wrong);
     EXPECT_EQ(run("sql config \"SELECT\""), script_wrong);
-    std::filesystem::remove_all(root / "conf");
+    std::filesystem::remove_all(at.root() + "/conf");
     EXPECT_EQ(run("sql main \"SELECT 1\""), script_wrong);
     EXPECT_EQ(err.find("s:1: "), 0u);
 }
 
-TEST_F(Installation, TheNewestRequestIsAnswered) {
+TEST_F(Databases, TheNewestRequestIsAnswered) {
     EXPECT_EQ(run(R"script(today 20240401 093005
 exec config "INSERT INTO プログラム連携情報 VALUES ('20240401 093000','E','R','20240401 093000','00','old','','000','00001','u')"
 exec config "INSERT INTO プログラム連携情報 VALUES ('20240401 093001','E','R','20240401 093001','00','it''s','','000','00001','u')"

@@ -10,6 +10,7 @@
 #include "platform/os/process.h"
 #include "platform/screen/form.h"
 #include "platform/screen/host.h"
+#include "support/table.h"
 
 namespace kalvane {
 namespace {
@@ -130,49 +131,6 @@ struct Operated : testing::Test {
     }
 };
 
-TEST_F(Operated, AScriptThatHolds) {
-    EXPECT_EQ(run(R"(# typing
-expect window frmKalvaneInvoiceEntry
-expect focus 得意先コード
-enter A1 "山田 商店" 1234.5
-expect 得意先コード A1
-expect 名称 "山田 商店"
-expect 金額 1234.5
-expect 金額.Text 1,234.50
-choose 区分 1
-expect 区分 赤伝
-expect 区分.ListIndex 1
-expect focus 区分
-expect 商品コード[0].Enabled true
-expect お知らせ.ForeColor WindowText
-choose tab_詳細 1
-expect tab_詳細 1
-focus 商品コード[1]
-paste "x\ny\xFF"
-expect 商品コード[1] xy
-key Delete
-expect 商品コード[1] ""
-key Shift+Tab
-expect focus 商品コード[0]
-scroll 3
-expect scl_行 3
-expect scl_行.Max 5
-wheel -2
-click btn_登録
-expect window box
-expect box 登録しますか？
-answer はい
-expect box none
-expect お知らせ 登録しました。
-)"),
-              script_held)
-        << out << err;
-    EXPECT_EQ(out, "");
-    EXPECT_EQ(t.trace, "wheel-1 wheel-1 ");
-    EXPECT_EQ(t.finished, 1);
-    EXPECT_TRUE(process_ended());
-}
-
 TEST_F(Operated, FailedExpectationsArePrintedAndTheScriptGoesOn) {
     EXPECT_EQ(run("expect 名称 x\nprint between\nexpect focus 名称\nexpect box a\\n\nexpect ended\n"
                   "expect launched P \"a\"\nexpect window box"),
@@ -188,38 +146,19 @@ TEST_F(Operated, FailedExpectationsArePrintedAndTheScriptGoesOn) {
     EXPECT_EQ(err, "");
 }
 
-struct WrongRow {
-    const char* name;
-    const char* script;
-};
-void PrintTo(const WrongRow& r, std::ostream* out) {
-    *out << r.name;
+TEST_F(Operated, AWrongLineEndsAtOnce) {
+    for (const auto& row :
+         test::table(R"(press x ; click a b ; click ; click 得意先 ; focus 商品コード[9] ; focus 商品コード
+        focus 商品コード[x] ; focus お知らせ ; focus 商品コード[1] ; answer OK ; cancel ; key Return
+        expect 名称.Colour x ; expect 名称.Max 1 ; choose 区分 2 ; select 名称 0 ; wheel two
+        today 20240230 ; exec other x ; screenshot a.png)")) {
+        t = {};
+        EXPECT_EQ(run("expect window frmKalvaneInvoiceEntry\n" + row[0] + "\nprint reached"), script_wrong)
+            << row[0];
+        EXPECT_EQ(out, "") << row[0];
+        EXPECT_EQ(err.find("s:2: "), 0u) << row[0] << err;
+    }
 }
-
-class WrongScript : public Operated, public testing::WithParamInterface<WrongRow> {};
-
-TEST_P(WrongScript, EndsAtOnce) {
-    EXPECT_EQ(
-        run("expect window frmKalvaneInvoiceEntry\n" + std::string(GetParam().script) + "\nprint reached"),
-        script_wrong);
-    EXPECT_EQ(out, "");
-    EXPECT_EQ(err.find("s:2: "), 0u) << err;
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines, WrongScript,
-    testing::Values(
-        WrongRow{"verb", "press x"}, WrongRow{"too_many_words", "click a b"},
-        WrongRow{"too_few_words", "click"}, WrongRow{"unknown_control", "click 得意先"},
-        WrongRow{"row_that_is_not_there", "focus 商品コード[9]"},
-        WrongRow{"array_without_its_row", "focus 商品コード"}, WrongRow{"bad_row", "focus 商品コード[x]"},
-        WrongRow{"label_takes_no_focus", "focus お知らせ"}, WrongRow{"hidden_page", "focus 商品コード[1]"},
-        WrongRow{"no_box", "answer OK"}, WrongRow{"no_dialog", "cancel"}, WrongRow{"key", "key Return"},
-        WrongRow{"property", "expect 名称.Colour x"}, WrongRow{"no_such_property", "expect 名称.Max 1"},
-        WrongRow{"entry", "choose 区分 2"}, WrongRow{"list", "select 名称 0"},
-        WrongRow{"number", "wheel two"}, WrongRow{"date", "today 20240230"},
-        WrongRow{"no_database", "exec other x"}, WrongRow{"no_window", "screenshot a.png"}),
-    [](const auto& row) { return std::string(row.param.name); });
 
 TEST_F(Operated, ABoxTakesItsAnswerAlone) {
     EXPECT_EQ(run("click btn_登録\nanswer OK"), script_wrong);
@@ -273,11 +212,8 @@ TEST_F(Operated, TheProgramEndsByItself) {
     t = {};
     EXPECT_EQ(run("close\nanswer はい\ntype x"), script_wrong);
     EXPECT_EQ(err, "s:3: the program has ended\n");
-}
-
-TEST_F(Operated, TerminateAsksNothing) {
+    t = {};
     EXPECT_EQ(run("click btn_登録\nterminate\nexpect ended\nexpect box none"), script_held) << out << err;
-    EXPECT_EQ(t.finished, 1);
 }
 
 TEST_F(Operated, StartIsWhereTheScriptSaysOrBeforeItsFirstAction) {

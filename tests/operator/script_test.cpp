@@ -2,40 +2,25 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
+#include "support/temp_folder.h"
 
 namespace kalvane::script {
 namespace {
 
-struct WordsRow {
-    const char* name;
-    std::string line;
-    Words words;
-};
-void PrintTo(const WordsRow& r, std::ostream* out) {
-    *out << r.name;
+TEST(SplitWords, Gives) {
+    const std::pair<std::string, Words> rows[] = {
+        {"", {}},
+        {" \t ", {}},
+        {"  # click", {}},
+        {"  click  商品コード[0]\tx ", {"click", "商品コード[0]", "x"}},
+        {R"(type "a b" "")", {"type", "a b", ""}},
+        {R"(type "\"\\\n\x41\xe3\x81\x82")", {"type", "\"\\\nAあ"}},
+        {R"(pick C:\new\x)", {"pick", R"(C:\new\x)"}},
+        {"print # a#b", {"print", "#", "a#b"}},
+        {"print あ　い", {"print", "あ　い"}},
+        {"print a\"b", {"print", "a\"b"}}};
+    for (const auto& [line, words] : rows) EXPECT_EQ(split_words(line), words) << line;
 }
-
-class SplitWords : public testing::TestWithParam<WordsRow> {};
-
-TEST_P(SplitWords, Gives) {
-    EXPECT_EQ(split_words(GetParam().line), GetParam().words);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Lines, SplitWords,
-    testing::Values(WordsRow{"empty", "", {}}, WordsRow{"blank", " \t ", {}},
-                    WordsRow{"comment", "  # click", {}},
-                    WordsRow{"plain", "  click  商品コード[0]\tx ", {"click", "商品コード[0]", "x"}},
-                    WordsRow{"quoted", R"(type "a b" "")", {"type", "a b", ""}},
-                    WordsRow{"escapes", R"(type "\"\\\n\x41\xe3\x81\x82")", {"type", "\"\\\nAあ"}},
-                    WordsRow{"backslash_outside_quotes", R"(pick C:\new\x)", {"pick", R"(C:\new\x)"}},
-                    WordsRow{"number_sign_in_a_word", "print # a#b", {"print", "#", "a#b"}},
-                    WordsRow{"wide_blank_is_no_blank", "print あ　い", {"print", "あ　い"}},
-                    WordsRow{"quote_inside_a_word", "print a\"b", {"print", "a\"b"}}),
-    [](const auto& row) { return std::string(row.param.name); });
 
 TEST(SplitWords, RefusesWhatHasNoEnd) {
     for (const char* line : {R"(type "a)", R"(type "a\")", R"(type "a\q")", R"(type "\x4")", R"(type "\xg1")",
@@ -44,16 +29,10 @@ TEST(SplitWords, RefusesWhatHasNoEnd) {
 }
 
 struct Folder : testing::Test {
-    std::filesystem::path path;
-    Folder() {
-        std::string name = testing::TempDir() + "kalvane-script-XXXXXX";
-        path = mkdtemp(name.data());
-    }
-    ~Folder() override { std::filesystem::remove_all(path); }
+    test::TempFolder folder;
     std::string write(const std::string& file, const std::string& text) const {
-        std::filesystem::create_directories((path / file).parent_path());
-        std::ofstream(path / file, std::ios::binary) << text;
-        return (path / file).string();
+        folder.write(file, text);
+        return folder.native(file);
     }
 };
 
@@ -83,7 +62,7 @@ TEST_F(Folder, WrongFilesNameTheirPlace) {
     EXPECT_EQ(message(missing).find(missing + ":2: the file "), 0u);
     const std::string quote = write("quote.txt", "print \"a\n");
     EXPECT_EQ(message(quote), quote + ":1: a quoted word without an end");
-    EXPECT_NE(message(path.string()), "");
+    EXPECT_NE(message(folder.native()), "");
 }
 
 }  // namespace

@@ -162,22 +162,5 @@ TEST(Files, DeleteByPrefixTakesEveryTail) {
     EXPECT_THROW(os::DeleteByPrefix(folder.program("none/K_x")), os::FileError);
 }
 
-TEST(Files, HookMakesOperationsFail) {
-    const TempFolder folder;
-    folder.write("f", "");
-    std::string seen;
-    os::file_hook.before = [&](std::string_view operation, std::string_view path) {
-        seen += std::string(operation) + " ";
-        throw os::FileError(5, "refused " + std::string(path));
-    };
-    EXPECT_FALSE(os::FileExists(folder.program("f")));
-    EXPECT_EQ(os::Dir(folder.program("f")), "");
-    EXPECT_THROW(os::CopyFile(folder.program("f"), folder.program("g"), true), os::FileError);
-    EXPECT_THROW(os::MkDir(folder.program("g")), os::FileError);
-    os::file_hook.before = nullptr;
-    EXPECT_EQ(seen, "FileExists Dir CopyFile MkDir ");
-    EXPECT_FALSE(folder.holds("g"));
-}
-
 }  // namespace
 }  // namespace kalvane

@@ -74,37 +74,24 @@ TEST(Process, SeesAnotherInstanceWhileItLives) {
     unsetenv("XDG_RUNTIME_DIR");
 }
 
-struct ShellText {
-    const char *name, *text, *program, *path, *argument;
-};
-void PrintTo(const ShellText& s, std::ostream* out) {
-    *out << s.text;
+TEST(Process, ShellTextIsTakenApart) {
+    for (const auto& [text, program, path, argument] : std::initializer_list<std::array<const char*, 4>>{
+             {"C:\\k\\prgbin\\Print.exe 00020240401  12", "Print", "C:\\k\\prgbin\\Print.exe",
+              "00020240401  12"},
+             {"C:\\p q\\Print.EXE  a ", "Print", "C:\\p q\\Print.EXE", " a "},
+             {"C:\\k\\Print.exe", "Print", "C:\\k\\Print.exe", ""},
+             {"C:\\k\\Print.exe ", "Print", "C:\\k\\Print.exe", ""},
+             {"C:\\k\\更新 処理", "更新 処理", "C:\\k\\更新 処理", ""},
+             {"C:\\k\\Run.exe C:\\x\\y.exe z", "Run", "C:\\k\\Run.exe", "C:\\x\\y.exe z"}}) {
+        os::Launch got;
+        os::launcher = [&](const os::Launch& launch) { got = launch; };
+        os::Shell(text, os::WindowMode::minimised);
+        os::launcher = nullptr;
+        EXPECT_EQ(got.program + "|" + got.path + "|" + got.argument,
+                  std::string(program) + "|" + path + "|" + argument);
+        EXPECT_EQ(got.mode, os::WindowMode::minimised);
+    }
 }
-
-class Shell : public testing::TestWithParam<ShellText> {};
-
-TEST_P(Shell, IsTakenApart) {
-    os::Launch got;
-    os::launcher = [&](const os::Launch& launch) { got = launch; };
-    os::Shell(GetParam().text, os::WindowMode::minimised);
-    os::launcher = nullptr;
-    EXPECT_EQ(got.program, GetParam().program);
-    EXPECT_EQ(got.path, GetParam().path);
-    EXPECT_EQ(got.argument, GetParam().argument);
-    EXPECT_EQ(got.mode, os::WindowMode::minimised);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Process, Shell,
-    testing::Values(ShellText{"Argument", "C:\\k\\prgbin\\Print.exe 00020240401  12", "Print",
-                              "C:\\k\\prgbin\\Print.exe", "00020240401  12"},
-                    ShellText{"BlanksKept", "C:\\p q\\Print.EXE  a ", "Print", "C:\\p q\\Print.EXE", " a "},
-                    ShellText{"NoArgument", "C:\\k\\Print.exe", "Print", "C:\\k\\Print.exe", ""},
-                    ShellText{"BlankOnly", "C:\\k\\Print.exe ", "Print", "C:\\k\\Print.exe", ""},
-                    ShellText{"BareProgram", "C:\\k\\更新 処理", "更新 処理", "C:\\k\\更新 処理", ""},
-                    ShellText{"ExeInArgument", "C:\\k\\Run.exe C:\\x\\y.exe z", "Run", "C:\\k\\Run.exe",
-                              "C:\\x\\y.exe z"}),
-    [](const auto& info) { return info.param.name; });
 
 TEST(Process, StartsAProgramWithOneArgument) {
     const TempFolder folder;

@@ -1,13 +1,8 @@
 #include <gtest/gtest.h>
-#include <stdlib.h>
 
-#include <filesystem>
-#include <stdexcept>
-
+#include "ado_support.h"
 #include "base/failure.h"
-#include "platform/ado/ado.h"
 #include "platform/os/files.h"
-#include "platform/os/paths.h"
 #include "platform/screen/form.h"
 #include "platform/screen/host.h"
 
@@ -41,11 +36,9 @@ struct Dispatch : testing::Test {
 };
 
 TEST_F(Dispatch, AFailurePutsTheRecordsBackAndShowsItsText) {
-    const std::function<void()> failures[] = {
-        [] { throw RunFailure(overflow_text); },
-        [] { throw ado::Error(-1, "no such table: T"); },
-        [] { throw os::FileError(53, "missing"); },
-    };
+    const std::function<void()> failures[] = {[] { throw RunFailure(overflow_text); },
+                                              [] { throw ado::Error(-1, "no such table: T"); },
+                                              [] { throw os::FileError(53, "missing"); }};
     for (const auto& fail : failures) {
         record = 1;
         dispatch([&] {
@@ -59,6 +52,9 @@ TEST_F(Dispatch, AFailurePutsTheRecordsBackAndShowsItsText) {
     dispatch([] { record = 3; });
     EXPECT_EQ(record, 3);
     EXPECT_EQ(boxes.size(), 3u);
+    event_copies.restore = [] { throw RunFailure("redraw"); };
+    dispatch([] { throw RunFailure("first"); });
+    EXPECT_EQ(boxes.back(), "first");
 }
 
 TEST_F(Dispatch, AFailureInsideALoopLeavesTheRestoringToTheOutermost) {
@@ -77,14 +73,9 @@ TEST_F(Dispatch, AFailureInsideALoopLeavesTheRestoringToTheOutermost) {
 }
 
 TEST_F(Dispatch, NothingIsPutBackOnceAStatementHasWritten) {
-    std::string folder = testing::TempDir() + "kalvane-dispatch-XXXXXX";
-    ASSERT_NE(mkdtemp(folder.data()), nullptr);
     {
-        ado::Connection connection;
-        connection.Open(
-            "Provider=Microsoft.ACE.OLEDB.12.0;Data Source=" + os::program_path(folder + "/t.accdb") + ";",
-            ado::Access::owner);
-        connection.Execute("CREATE TABLE T (a TEXT)");
+        test::Database db({"CREATE TABLE T (a TEXT)"});
+        ado::Connection& connection = db.program;
         record = 1;
         dispatch([&] {
             record = 2;
@@ -99,16 +90,8 @@ TEST_F(Dispatch, NothingIsPutBackOnceAStatementHasWritten) {
             throw RunFailure("after a write");
         });
         EXPECT_EQ(record, 2);
-        connection.Close();
     }
-    std::filesystem::remove_all(folder);
     EXPECT_EQ(boxes.size(), 2u);
-}
-
-TEST_F(Dispatch, AFailingRedrawStillShowsTheFirstFailure) {
-    event_copies.restore = [] { throw RunFailure("redraw"); };
-    dispatch([] { throw RunFailure("first"); });
-    EXPECT_EQ(boxes, std::vector<std::string>{"first"});
 }
 
 TEST_F(Dispatch, NothingRunsAfterTheEnd) {
@@ -181,10 +164,7 @@ TEST_F(Forms, AModalFormEndsWithItsClosing) {
     show_modal(box);
     EXPECT_EQ(top_form(), &form);
     EXPECT_FALSE(box.modal);
-}
-
-TEST_F(Forms, AHostThatGivesUpLeavesNoModalForm) {
-    host.run_modal = [](Form&) {};
+    host.run_modal = [](Form&) {};  // a host that gives up
     show_modal(box);
     EXPECT_FALSE(box.visible);
     EXPECT_TRUE(box.loaded);

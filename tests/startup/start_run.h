@@ -9,6 +9,7 @@
 
 #include "platform/os/files.h"
 #include "support/seat.h"
+#include "support/table.h"
 
 namespace kalvane::test {
 
@@ -17,6 +18,7 @@ struct StartSettings {
     std::string program = "/prgbin/KalvaneInvoiceEntry";  // below the root
     std::string user = "tanaka";
     bool previous_instance = false;
+    bool ends_at_a_box = false;  // somebody ends the process while a box stands
     // told the position of a statement (from 0), its connection and its text; true makes it fail
     std::function<bool(int, std::string_view, std::string_view)> fails = nullptr;
 };
@@ -26,7 +28,7 @@ inline constexpr const char* failure_text = "倒れました";
 class Start {
   public:
     inline static std::vector<std::string> boxes;
-    inline static bool yes = false;
+    inline static bool yes = false, ends = false;
     std::vector<std::string> statements;  // "main SELECT …", "config …"
 
     explicit Start(const std::string& root, StartSettings settings = {}) {
@@ -34,8 +36,10 @@ class Start {
         boxes.clear();
         yes = false;
         host = {};
+        ends = settings.ends_at_a_box;
         host.message_box = [](const std::string& text, Buttons buttons, bool) {
             boxes.push_back(text);
+            if (ends) 強制終了();
             return buttons == Buttons::ok || yes;
         };
         os::freeze_clock({{2024, 4, 10}, 9, 30, 0});
@@ -72,7 +76,7 @@ class Start {
 
 inline std::vector<std::string> lines_of(const std::string& text) {
     std::vector<std::string> lines;
-    std::istringstream in(text);
+    std::istringstream in(joined(text));
     for (std::string line; std::getline(in, line);) lines.push_back(line);
     return lines;
 }

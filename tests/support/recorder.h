@@ -59,8 +59,8 @@ inline void expect_sequence(const std::vector<Recorded>& ran, const Expected& ex
 
 // The run history rows in order, each cut to its first characters.
 inline std::string history_rows(const Installation& at, int behind = 0) {
-    return at.config("SELECT RTRIM(SUBSTR(摘要, 1, 23)) FROM プログラム稼動履歴 WHERE rowid > " + std::to_string(behind) +
-                     " ORDER BY rowid");
+    return at.config("SELECT RTRIM(SUBSTR(摘要, 1, 23)) FROM プログラム稼動履歴 WHERE rowid > " +
+                     std::to_string(behind) + " ORDER BY rowid");
 }
 inline int history_count(const Installation& at) {
     return std::stoi(at.config("SELECT COALESCE(MAX(rowid), 0) FROM プログラム稼動履歴"));
@@ -73,7 +73,8 @@ inline std::string document_rows(const Installation& at) {
          {"SELECT * FROM T営業請求 ORDER BY 事業所コード, 番号基準日付, 営業請求No",
           "SELECT * FROM T営業請求明細 ORDER BY 事業所コード, 番号基準日付, 営業請求No, 営業請求固有行No",
           "SELECT * FROM R営業請求 ORDER BY 番号基準日付, 営業請求履歴No, 赤黒区分, 営業請求No",
-          "SELECT * FROM R営業請求明細 ORDER BY 番号基準日付, 営業請求履歴No, 赤黒区分, 営業請求No, 営業請求固有行No",
+          "SELECT * FROM R営業請求明細 ORDER BY 番号基準日付, 営業請求履歴No, 赤黒区分, 営業請求No, "
+          "営業請求固有行No",
           "SELECT * FROM 未集計情報 ORDER BY rowid", "SELECT * FROM A番号情報 ORDER BY 番号ID",
           "SELECT * FROM A期日別番号情報 ORDER BY 番号ID, 期日", "SELECT * FROM T閲覧 ORDER BY 閲覧No"})
         all += at.main(sql) + "\n\n";

@@ -81,9 +81,9 @@ class Installation {
 // One run of the program on an installation, from 起動処理 to the end of the scope.
 class Seat {
   public:
-    inline static std::vector<std::string> boxes;                      // texts of the message boxes, in order
-    inline static std::function<bool(const std::string&)> answer;      // of the yes-no boxes; no without it
-    inline static std::function<void(Form&)> modal;                    // acts in a modal form
+    inline static std::vector<std::string> boxes;                  // texts of the message boxes, in order
+    inline static std::function<bool(const std::string&)> answer;  // of the yes-no boxes; no without it
+    inline static std::function<void(Form&)> modal;                // acts in a modal form
 
     explicit Seat(const Installation& at, const std::string& command_line = "") {
         reset_run();

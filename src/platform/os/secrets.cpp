@@ -6,6 +6,7 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <iostream>
@@ -56,7 +57,11 @@ void create_key_file(std::string_view path) {
     randombytes_buf(key.data(), key.size());
     const bool written = write(file, key.data(), key.size()) == static_cast<ssize_t>(key.size()) && fsync(file) == 0;
     sodium_memzero(key.data(), key.size());
-    if (close(file) != 0 || !written) refuse("鍵ファイルを書き込めません。");
+    if (close(file) == 0 && written) return;
+    const int reason = errno;
+    unlink(native_path(path).c_str());  // half a key would stand in the way of the next attempt
+    errno = reason;
+    refuse("鍵ファイルを書き込めません。");
 }
 
 std::string 暗号化(std::string_view plain) {
@@ -74,8 +79,10 @@ std::string 暗号化(std::string_view plain) {
 }
 
 std::string 復号(std::string_view stored) {
-    if (stored.substr(0, form_mark.size()) != form_mark) return {};
+    if (!stored.starts_with(form_mark) || stored == form_mark) return {};
     stored.remove_prefix(form_mark.size());
+    // the decoder would take a byte beyond ASCII for its last digit
+    if (std::any_of(stored.begin(), stored.end(), [](char c) { return static_cast<unsigned char>(c) > 0x7F; })) return {};
     Bytes box(stored.size());
     std::size_t size = 0;
     if (sodium_base642bin(box.data(), box.size(), stored.data(), stored.size(), nullptr, &size, nullptr, base64_form) != 0 ||
@@ -101,6 +108,7 @@ std::string read_secret_line() {
     }
     std::string line;
     std::getline(std::cin, line);
+    if (line.ends_with('\r')) line.pop_back();  // of a file from elsewhere
     if (terminal) tcsetattr(STDIN_FILENO, TCSAFLUSH, &former);
     return line;
 }

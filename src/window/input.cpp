@@ -1,0 +1,249 @@
+// The operator's keys, mouse and input method on a form's window.
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QContextMenuEvent>
+#include <QDropEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QTabBar>
+#include <QTableView>
+#include <algorithm>
+#include <array>
+#include <optional>
+
+#include "window/form_view.h"
+#include "window/look.h"
+#include "window/windows.h"
+
+namespace kalvane {
+namespace {
+
+struct NamedKey {
+    int qt;
+    Key key;
+};
+constexpr std::array keys{
+    NamedKey{Qt::Key_Return, Key::Enter},  NamedKey{Qt::Key_Enter, Key::Enter},
+    NamedKey{Qt::Key_Tab, Key::Tab},       NamedKey{Qt::Key_Backtab, Key::ShiftTab},
+    NamedKey{Qt::Key_Up, Key::Up},         NamedKey{Qt::Key_Down, Key::Down},
+    NamedKey{Qt::Key_Escape, Key::Escape}, NamedKey{Qt::Key_Control, Key::Ctrl},
+};
+
+std::optional<Key> key_of(const QKeyEvent& event) {
+    if (event.key() >= Qt::Key_F1 && event.key() <= Qt::Key_F12)
+        return static_cast<Key>(static_cast<int>(Key::F1) + event.key() - Qt::Key_F1);
+    if (event.key() == Qt::Key_Tab && event.modifiers() & Qt::ShiftModifier) return Key::ShiftTab;
+    for (const NamedKey& k : keys)
+        if (k.qt == event.key()) return k.key;
+    return std::nullopt;
+}
+
+bool is_button(const Control& c) {
+    return c.kind == ControlKind::SSCommand || c.kind == ControlKind::CommandButton;
+}
+
+bool is_panel(const Control& c) {
+    return c.kind == ControlKind::SSPanel || c.kind == ControlKind::label || c.kind == ControlKind::xLabel;
+}
+
+bool acts_on_space(const Control& c) {
+    return is_button(c) || c.kind == ControlKind::check || c.kind == ControlKind::option;
+}
+
+// Keys that stay with a text over several lines.
+bool moves_in_memo(Key key) {
+    return key == Key::Enter || key == Key::Up || key == Key::Down;
+}
+
+// The item that a page key of a list leads to; none for other keys.
+std::optional<int> item_of(const Control& c, const QKeyEvent& event) {
+    const int last = static_cast<int>(c.items.size()) - 1;
+    constexpr int page = 15;
+    if (last < 0) return std::nullopt;
+    switch (event.key()) {
+        case Qt::Key_PageUp:
+            return std::max(0, c.selected - page);
+        case Qt::Key_PageDown:
+            return std::min(last, c.selected + page);
+        case Qt::Key_Home:
+            return 0;
+        case Qt::Key_End:
+            return last;
+        default:
+            return std::nullopt;
+    }
+}
+
+void open_drop_down(FormView& view, Control& c) {
+    auto* combo = dynamic_cast<QComboBox*>(view.widget_of(c));
+    if (combo && !c.DropDown) return combo->showPopup();
+    act([&] { drop_down(view.form()); });
+}
+
+}  // namespace
+
+// True when the event goes no further. What is left to the widget is the editing of its text alone.
+bool FormView::key(Mirror* m, QKeyEvent& event) {
+    event.accept();
+    if (!takes_input(form_)) return true;
+    Control* active = form_.active;
+    if (m && m->composing) {
+        // keys of a running composition are the input method's; Enter only commits it
+        if (key_of(event) == Key::Enter) QGuiApplication::inputMethod()->commit();
+        return true;
+    }
+    if (event.modifiers() & Qt::AltModifier) {
+        if (event.key() == Qt::Key_Down && active) open_drop_down(*this, *active);
+        return true;
+    }
+    if (const std::optional<Key> key = key_of(event)) {
+        if (*key == Key::Ctrl && event.isAutoRepeat()) return true;
+        if (active && m && &m->control() == active && active->kind == ControlKind::xText &&
+            moves_in_memo(*key))
+            return false;
+        act([&] { press_key(form_, *key); });
+        return true;
+    }
+    if (!active || !m || &m->control() != active) {
+        follow_focus();
+        return true;
+    }
+    if (event.key() == Qt::Key_Space && acts_on_space(*active)) {
+        act([&] { press_key(form_, Key::Space); });
+        return true;
+    }
+    if (active->kind == ControlKind::ListView)
+        if (const auto item = item_of(*active, event)) act([&] { select_item(*active, *item); });
+    m->touched = true;
+    return !takes_text(*active) || !active->enabled;
+}
+
+bool FormView::mouse(Mirror& m, QEvent& event) {
+    auto& mouse = static_cast<QMouseEvent&>(event);
+    Control& c = *m.placed.control;
+    if (!takes_input(form_) || !c.enabled) return true;
+    const bool press = event.type() == QEvent::MouseButtonPress,
+               twice = event.type() == QEvent::MouseButtonDblClick;
+    if (c.kind == ControlKind::scroll) return false;
+    if (mouse.button() != Qt::LeftButton) return !takes_text(c) || form_.active != &c;
+    if (is_panel(c)) {
+        if (press || twice) act([&] { click(c); });
+        return true;
+    }
+    if (c.kind == ControlKind::SSTab) {
+        const int page = static_cast<QTabBar*>(m.widget)->tabAt(mouse.position().toPoint());
+        if (press && page >= 0) act([&] { choose(c, page); });
+        return true;
+    }
+    if (is_button(c) || c.kind == ControlKind::check || c.kind == ControlKind::option) return false;
+    if (c.kind == ControlKind::ListView) {
+        const QModelIndex at = static_cast<QTableView*>(m.widget)->indexAt(mouse.position().toPoint());
+        if (press || twice)
+            act([&] {
+                if (at.isValid()) select_item(c, at.row());
+                if (press && c.Click) click(c);
+                if (twice && at.isValid()) double_click(c);
+            });
+        return true;
+    }
+    if (twice && (c.DblClick || c.DropDown)) {
+        act([&] { double_click(c); });
+        return true;
+    }
+    if (press && form_.active != &c) {
+        act([&] { c.Click ? click(c) : press_focus(c); });
+        // the content is selected on entry: the press that entered does not take that away
+        return form_.active != &c || c.kind != ControlKind::combo;
+    }
+    m.touched = true;
+    return form_.active != &c;
+}
+
+bool FormView::wheel(Mirror* m, QWheelEvent& event) {
+    event.accept();
+    if (!takes_input(form_)) return true;
+    const ControlKind kind = m ? m->control().kind : ControlKind::label;
+    if (kind == ControlKind::ListView || (kind == ControlKind::xText && form_.active == &m->control()))
+        return false;
+    constexpr int notch = 120;
+    wheel_rest_ += event.angleDelta().y();
+    const int notches = wheel_rest_ / notch;
+    wheel_rest_ -= notches * notch;
+    if (notches != 0) act([&] { turn_wheel(form_, notches); });
+    return true;
+}
+
+bool FormView::eventFilter(QObject* object, QEvent* event) {
+    const auto found = watched_.find(object);
+    if (found == watched_.end()) return QWidget::eventFilter(object, event);
+    Mirror& m = *found->second;
+    const Control& c = m.control();
+    switch (event->type()) {
+        case QEvent::ShortcutOverride:
+            event->accept();
+            return true;
+        case QEvent::KeyPress:
+            return object == m.widget ? key(&m, static_cast<QKeyEvent&>(*event)) : false;
+        case QEvent::KeyRelease:
+            return !takes_text(c);
+        case QEvent::MouseButtonPress:
+        case QEvent::MouseButtonDblClick:
+            return (object == m.input || c.kind != ControlKind::ListView) && mouse(m, *event);
+        case QEvent::MouseButtonRelease:
+            // a button that was pressed is let go, whatever has happened meanwhile
+            return !c.enabled && !is_button(c);
+        case QEvent::Wheel:
+            return wheel(&m, static_cast<QWheelEvent&>(*event));
+        case QEvent::InputMethod: {
+            const auto& input = static_cast<QInputMethodEvent&>(*event);
+            if (!takes_input(form_) || form_.active != &c) return true;
+            const bool says_nothing = input.preeditString().isEmpty() && input.commitString().isEmpty() &&
+                                      input.replacementLength() == 0 && input.attributes().isEmpty();
+            if (says_nothing && !m.composing) return true;  // it would only take the selection away
+            m.composing = !input.preeditString().isEmpty();
+            return false;
+        }
+        case QEvent::FocusOut:
+            m.composing = false;
+            return false;
+        case QEvent::DragEnter:
+        case QEvent::DragMove:
+            if (takes_input(form_) && c.enabled) return false;
+            event->ignore();
+            return true;
+        case QEvent::Drop:
+            if (takes_input(form_)) {
+                act([&] { press_focus(*m.placed.control); });
+                if (form_.active == &c) {
+                    select_content(m);
+                    return false;
+                }
+            }
+            event->ignore();
+            return true;
+        case QEvent::ContextMenu:
+            return !takes_input(form_) || form_.active != &c;
+        default:
+            return false;
+    }
+}
+
+bool FormView::event(QEvent* event) {
+    switch (event->type()) {
+        case QEvent::KeyPress: {
+            // the focus stands on a control that is not seen
+            auto& pressed = static_cast<QKeyEvent&>(*event);
+            key(nullptr, pressed);
+            return true;
+        }
+        case QEvent::Wheel:
+            wheel(nullptr, static_cast<QWheelEvent&>(*event));
+            return true;
+        default:
+            return QWidget::event(event);
+    }
+}
+
+}  // namespace kalvane

@@ -1,0 +1,104 @@
+#include "window/windows.h"
+
+#include <QApplication>
+#include <QScreen>
+#include <algorithm>
+
+#include "window/box_view.h"
+
+namespace kalvane {
+namespace {
+
+bool is_open(const Form& form) {
+    return std::find(open_forms.begin(), open_forms.end(), &form) != open_forms.end();
+}
+
+QWidget* parent_for(const Form& form) {
+    if (open_forms.front() == &form) return nullptr;
+    for (Form* below : open_forms)
+        if (FormView* view = view_of(*below); view && view->isVisible()) return view;
+    return nullptr;
+}
+
+bool fills_screen(const FormView& view, const QWidget* parent) {
+    return !parent && view.design().width() >= design_width && window_state.size.isEmpty();
+}
+
+// The first form is the place of work and fills its screen; the others stand over its middle.
+void size_view(FormView& view, QWidget* parent) {
+    const QSize design = view.design();
+    if (fills_screen(view, parent))
+        view.resize(QGuiApplication::primaryScreen()->availableSize());
+    else if (!parent && design.width() >= design_width)
+        view.resize(window_state.size);
+    else if (parent)
+        view.resize(design * std::max(1.0, std::min(static_cast<double>(parent->width()) / design_width,
+                                                    static_cast<double>(parent->height()) / design_height)));
+    else
+        view.resize(design);
+    if (parent) view.move(parent->mapToGlobal(parent->rect().center()) - view.rect().center());
+}
+
+void show_view(Form& form) {
+    std::unique_ptr<FormView>& view = window_state.views[&form];
+    QWidget* parent = parent_for(form);
+    if (!view) view = std::make_unique<FormView>(form, nullptr);
+    if (view->isVisible()) return view->sync();
+    view->setParent(parent, parent ? Qt::Dialog : Qt::Window);
+    view->setWindowModality(form.modal ? Qt::ApplicationModal : Qt::NonModal);
+    size_view(*view, parent);
+    view->sync();
+    if (fills_screen(*view, parent))
+        view->showMaximized();
+    else
+        view->show();
+    view->sync();
+    view->activateWindow();
+}
+
+}  // namespace
+
+FormView* view_of(Form& form) {
+    const auto found = window_state.views.find(&form);
+    return found == window_state.views.end() ? nullptr : found->second.get();
+}
+
+void sync_windows() {
+    if (window_state.syncing || !window_state.application) return;
+    window_state.syncing = true;
+    // a child goes before the window that it stands on
+    for (auto& [form, view] : window_state.views)
+        if (view->parentWidget() && !is_open(*form)) {
+            view->hide();
+            view->setParent(nullptr);
+        }
+    for (auto& [form, view] : window_state.views)
+        if (!is_open(*form)) view->hide();
+    for (std::size_t i = 0; i < open_forms.size(); ++i) show_view(*open_forms[i]);
+    window_state.syncing = false;
+}
+
+void wait_turn() {
+    sync_windows();
+    if (window_state.turn) {
+        window_state.turn();
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+    } else {
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    sync_windows();
+}
+
+bool takes_input(const Form& form) {
+    return !process_ended() && window_state.boxes.empty() && window_state.dialogs == 0 && form.visible &&
+           form.enabled && top_form() == &form;
+}
+
+QWidget* window_on_top() {
+    if (!window_state.boxes.empty()) return window_state.boxes.back();
+    for (auto form = open_forms.rbegin(); form != open_forms.rend(); ++form)
+        if (FormView* view = view_of(**form); view && view->isVisible()) return view;
+    return nullptr;
+}
+
+}  // namespace kalvane
