@@ -314,7 +314,7 @@ TEST_F(Operated, TheSettingsReachTheProgram) {
 
 TEST_F(Operated, ShowPrintsTheWindowOnTop) {
     EXPECT_EQ(
-        run("type A1\nchoose 区分 0\nfocus 名称\npaste \"a\\\\b\"\nshow\nclick btn_登録\nshow\nanswer はい\n"
+        run("type A1\nchoose 区分 0\nexpect 区分.ListIndex 0\nfocus 名称\npaste \"a\\\\b\"\nshow\nclick btn_登録\nshow\nanswer はい\n"
             "focus 得意先コード\nkey Ctrl\nselect List得意先 0\nshow\nclick btn_戻る"),
         script_held)
         << out << err;

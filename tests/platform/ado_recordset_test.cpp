@@ -121,6 +121,16 @@ TEST(Recordset, OutlivesItsConnection) {
     EXPECT_EQ(rows_of(db.program, "SELECT COUNT(*) FROM N"), "3000");
 }
 
+TEST(Recordset, MovesWithItsPlace) {
+    Database db(numbered(2000));
+    ado::Recordset rs;
+    rs.Open("SELECT i FROM N ORDER BY i", db.program);
+    ado::Recordset other(std::move(rs));
+    EXPECT_TRUE(!rs.is_open() && rs.Eof() && rs.Bof());
+    other.MoveNext();
+    EXPECT_EQ(other.at(0).text(), "2");
+}
+
 // Small questions are kept prepared: none of them may see old rows, old columns or another's place.
 TEST(Recordset, RepeatedReadsSeeTheStateOfNow) {
     Database db(numbered(1100));
