@@ -43,6 +43,7 @@ struct SqliteSession : Session {
     std::array<KeptRead, 16> kept;
     std::uint64_t uses = 0;
     std::vector<SqliteCursor*> running;
+    int log_pages = 0;  // in the log behind the last write of this session
 };
 
 struct SqliteCursor : Cursor {
@@ -295,13 +296,26 @@ bool execute(Session& base, std::string_view sql) {
     return writes;
 }
 
+// Pages of a log that is brought over into the database once it is forced: the engine's own default.
+constexpr int long_log = 1000;
+
 void force_log(Session& base) {
-    sqlite3* db = static_cast<SqliteSession&>(base).db;
+    auto& session = static_cast<SqliteSession&>(base);
     sqlite3_file* log = nullptr;
-    const int found = sqlite3_file_control(db, "main", SQLITE_FCNTL_JOURNAL_POINTER, &log);
+    const int found = sqlite3_file_control(session.db, "main", SQLITE_FCNTL_JOURNAL_POINTER, &log);
     if (found != SQLITE_OK || !log || !log->pMethods) return;
     if (const int rc = log->pMethods->xSync(log, SQLITE_SYNC_NORMAL); rc != SQLITE_OK)
         throw Error(rc, sqlite3_errstr(rc));
+    if (session.log_pages < long_log) return;
+    session.log_pages = 0;
+    // a log that others still read is brought over another time
+    sqlite3_wal_checkpoint_v2(session.db, "main", SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
+}
+
+// In place of the engine's own checkpoints, each of which waits for the disk amid the statements of a save.
+int log_grew(void* session, sqlite3*, const char*, int pages) {
+    static_cast<SqliteSession*>(session)->log_pages = pages;
+    return SQLITE_OK;
 }
 
 void close(Session& base) {
@@ -330,6 +344,7 @@ std::shared_ptr<Session> open(const ConnectionText& text, Access access, int wai
     if (access == Access::program) {
         sqlite3_db_config(session->db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
         sqlite3_set_authorizer(session->db, authorize, nullptr);
+        sqlite3_wal_hook(session->db, log_grew, session.get());
     }
     return session;
 }
