@@ -1,7 +1,9 @@
 #include "platform/os/secrets.h"
 
 #include <fcntl.h>
+#include <poll.h>
 #include <sodium.h>
+#include <sys/signalfd.h>
 #include <sys/stat.h>
 #include <termios.h>
 #include <unistd.h>
@@ -9,7 +11,9 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <csignal>
 #include <iostream>
+#include <iterator>
 #include <optional>
 #include <vector>
 
@@ -41,6 +45,38 @@ std::optional<Key> read_key() {
 }
 
 const unsigned char* bytes_of(std::string_view text) { return reinterpret_cast<const unsigned char*>(text.data()); }
+
+// Standard input without echo. A signal that ends the process takes effect only when the echo is back.
+class SilentTerminal {
+  public:
+    // Returns when a line can be read.
+    SilentTerminal() {
+        tcgetattr(STDIN_FILENO, &former_);
+        termios silent = former_;
+        silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        sigset_t ending{};
+        sigemptyset(&ending);
+        for (const int signal : {SIGINT, SIGQUIT, SIGTERM, SIGHUP}) sigaddset(&ending, signal);
+        sigprocmask(SIG_BLOCK, &ending, &former_mask_);
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
+        const int signals = signalfd(-1, &ending, SFD_CLOEXEC);
+        pollfd either[] = {{STDIN_FILENO, POLLIN, 0}, {signals, POLLIN, 0}};
+        poll(either, std::size(either), -1);
+        if (signals >= 0) close(signals);
+        if (either[1].revents != 0) restore();
+    }
+    ~SilentTerminal() { restore(); }
+    SilentTerminal(const SilentTerminal&) = delete;
+    SilentTerminal& operator=(const SilentTerminal&) = delete;
+
+  private:
+    void restore() {
+        tcsetattr(STDIN_FILENO, TCSAFLUSH, &former_);
+        sigprocmask(SIG_SETMASK, &former_mask_, nullptr);
+    }
+    termios former_{};
+    sigset_t former_mask_{};
+};
 
 }  // namespace
 
@@ -99,17 +135,11 @@ std::string 復号(std::string_view stored) {
 }
 
 std::string read_secret_line() {
-    termios former{};
-    const bool terminal = tcgetattr(STDIN_FILENO, &former) == 0;
-    if (terminal) {
-        termios silent = former;
-        silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
-        tcsetattr(STDIN_FILENO, TCSAFLUSH, &silent);
-    }
+    std::optional<SilentTerminal> silent;
+    if (isatty(STDIN_FILENO)) silent.emplace();
     std::string line;
     std::getline(std::cin, line);
     if (line.ends_with('\r')) line.pop_back();  // of a file from elsewhere
-    if (terminal) tcsetattr(STDIN_FILENO, TCSAFLUSH, &former);
     return line;
 }
 
