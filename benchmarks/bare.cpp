@@ -7,6 +7,8 @@
 namespace kalvane::bench {
 namespace {
 
+constexpr int long_log = 1000;  // pages, the engine's default and the program's
+
 void check(bool good, sqlite3* db, const std::string& what) {
     if (!good) throw std::runtime_error(what + ": " + sqlite3_errmsg(db));
 }
@@ -17,6 +19,14 @@ Bare::Bare(const std::string& file) {
     check(sqlite3_open_v2(file.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr) == SQLITE_OK, db_, file);
     run("PRAGMA journal_mode=WAL");
     run("PRAGMA synchronous=NORMAL");
+    // a log is brought over into the database when it is forced, as the program does it
+    sqlite3_wal_hook(
+        db_,
+        [](void* bare, sqlite3*, const char*, int pages) {
+            static_cast<Bare*>(bare)->log_pages_ = pages;
+            return SQLITE_OK;
+        },
+        this);
 }
 
 Bare::~Bare() {
@@ -38,6 +48,9 @@ void Bare::force_log() {
     sqlite3_file* log = nullptr;
     sqlite3_file_control(db_, "main", SQLITE_FCNTL_JOURNAL_POINTER, &log);
     if (log && log->pMethods) check(log->pMethods->xSync(log, SQLITE_SYNC_NORMAL) == SQLITE_OK, db_, "sync");
+    if (log_pages_ < long_log) return;
+    log_pages_ = 0;
+    sqlite3_wal_checkpoint_v2(db_, "main", SQLITE_CHECKPOINT_PASSIVE, nullptr, nullptr);
 }
 
 }  // namespace kalvane::bench

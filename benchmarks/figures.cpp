@@ -23,7 +23,7 @@ std::unique_ptr<Desk> opened;
 const Desk& desk() {
     if (!opened) {
         installation->refresh();
-        opened = std::make_unique<Desk>(*installation);
+        opened = std::make_unique<Desk>(installation->root());
         opened->fill_document();
     }
     return *opened;
@@ -53,17 +53,14 @@ void leave(benchmark::State& state, std::vector<double>& seconds, Control& field
 }
 
 void leave_quantity(benchmark::State& state) {
-    constexpr int first_line = 500;
-    scroll_to(screen().scl_行, first_line);
+    scroll_to(screen().scl_行, QuantityEntry::first_line);
     std::vector<double> seconds;
     int n = 0;
     for (auto step : state) {
         static_cast<void>(step);
-        const int row = n % screen_rows, line = first_line + row,
-                  quantity = 1 + (n / screen_rows + 7 * n) % 90;
-        leave(state, seconds, screen().請求数量[static_cast<std::size_t>(row)], std::to_string(quantity),
-              [&] { return 請求明細行[line].仕入数量 == 通貨::whole(quantity); });
-        ++n;
+        const QuantityEntry entry(n++);
+        leave(state, seconds, screen().請求数量[static_cast<std::size_t>(entry.row)],
+              std::to_string(entry.quantity), [&] { return entry.arrived(); });
     }
     report(state, seconds, 2);
 }
@@ -116,7 +113,7 @@ void present_moment(benchmark::State& state) {
     desk();
     os::release_clock();
     repeat(state, [] { benchmark::DoNotOptimize(現在日時()); });
-    os::freeze_clock({{2024, 4, 10}, 9, 30, 0});
+    os::freeze_clock(desk_clock);
 }
 
 struct Measured {

@@ -33,9 +33,9 @@ void measure_memory(const Installation& at, const std::string& folder) {
     write_script(script);
     at.refresh();
     const long own = own_peak_kib();
-    const Child child = run_child(
+    const Ended child = run_child(
         {program_beside("KalvaneOperator"), "--program", at.root() + "/prgbin/KalvaneOperator", "-"}, script);
-    if (child.status != 0) throw std::runtime_error("the operator's script failed: " + script);
+    if (child.status != 0) throw std::runtime_error("the operator's script failed:\n" + child.said);
     std::printf("memory of the operator, %d lines typed and registered in %.1f s\n", document_lines,
                 child.seconds);
     std::printf("  peak     %7.1f MiB    target %ld MiB   (this process %.1f MiB before it)\n\n",
