@@ -91,10 +91,13 @@ void BoxView::move_focus() {
     no_button_.update();
 }
 
-bool BoxView::key(int key) {
+bool BoxView::key(const QKeyEvent& event) {
+    const int key = event.key();
     switch (key) {
         case Qt::Key_Return:
         case Qt::Key_Enter:
+            // a key that is still held down from before the question is no answer to it
+            if (asks_ && event.isAutoRepeat()) return true;
             answer(focusWidget() != &no_button_);
             return true;
         case Qt::Key_Tab:
@@ -114,8 +117,14 @@ bool BoxView::key(int key) {
 }
 
 bool BoxView::eventFilter(QObject* object, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) return key(static_cast<QKeyEvent&>(*event).key());
+    if (event->type() == QEvent::KeyPress) return key(static_cast<QKeyEvent&>(*event));
     return QWidget::eventFilter(object, event);
+}
+
+void BoxView::paintEvent(QPaintEvent*) {
+    QPainter p(this);
+    p.setPen(QPen(look::bar, 2));
+    p.drawRect(rect().adjusted(1, 1, -1, -1));
 }
 
 void BoxView::closeEvent(QCloseEvent* event) {

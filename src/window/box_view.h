@@ -24,10 +24,11 @@ class BoxView : public QWidget {
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    bool key(int key);
+    bool key(const QKeyEvent& event);
     void move_focus();
     QLabel text_;
     BoxButton yes_button_, no_button_;

@@ -8,7 +8,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/text.h"
 #include "window/look.h"
+#include "window/widgets.h"
 #include "window/windows.h"
 
 namespace kalvane {
@@ -17,11 +19,45 @@ namespace {
 // One direction is stretched against the other up to this factor, to fill a screen of another shape.
 constexpr double most_stretch = 1.2;
 
-void edited(Mirror& m, const std::string& text) {
+// Whether the control would hold exactly this text after it.
+bool takes_whole(const Control& c, const std::string& text) {
+    Control probe = c;
+    probe.form = nullptr;
+    probe.Change = nullptr;
+    probe.text.clear();
+    probe.typed = "";
+    paste_text(probe, text);
+    return (c.kind == ControlKind::xNum ? *probe.typed : probe.text) == text;
+}
+
+// What the operator's editing leaves. A character that came new, by key or by paste, has to fit between
+// those that stood there; it never pushes another one out.
+std::string filtered(const Control& c, std::string text) {
+    if (c.mode == InputMode::japanese || c.mode == InputMode::plain) return text;
+    std::string old = model_text(c);
+    if (c.kind == ControlKind::xNum) {
+        text = Replace(text, ",", "");
+        old = Replace(old, ",", "");
+    }
+    if (takes_whole(c, text)) return text;
+    std::size_t front = 0, back = 0;
+    const std::size_t shorter = std::min(old.size(), text.size());
+    while (front < shorter && old[front] == text[front]) ++front;
+    while (back < shorter - front && old[old.size() - 1 - back] == text[text.size() - 1 - back]) ++back;
+    const std::string tail = text.substr(text.size() - back),
+                      added = text.substr(front, text.size() - back - front);
+    std::string kept = text.substr(0, front);
+    for (std::string_view character : characters(added))
+        if (takes_whole(c, kept + std::string(character) + tail)) kept += character;
+    return kept.size() == front && !added.empty() ? model_text(c) : kept + tail;
+}
+
+void edited(Mirror& m, const std::string& typed) {
     Control& c = *m.placed.control;
     if (window_state.syncing) return;
+    const std::string text = filtered(c, typed);
     if (!takes_input(*c.form) || c.form->active != &c || text == model_text(c)) {
-        sync_widget(m, false);
+        sync_widget(m, c.form->active == &c);
         return;
     }
     act([&] {
@@ -71,7 +107,9 @@ bool FormView::controls_changed() const {
 
 void FormView::build() {
     for (Mirror& m : mirrors_) delete m.widget;
+    for (QWidget* row : rows_) delete row;
     mirrors_.clear();
+    rows_.clear();
     watched_.clear();
     by_control_.clear();
     built_.assign(form_.controls.begin(), form_.controls.end());
@@ -81,7 +119,6 @@ void FormView::build() {
         m.placed = placed;
         by_control_[placed.control] = &m;
     }
-    setAccessibleName(look::text(form_.name));
     fresh_ = true;
 }
 
@@ -96,15 +133,62 @@ QWidget* FormView::widget_of(const Control& c) {
 }
 
 void FormView::make(Mirror& m) {
-    make_widget(m, this, mirror_acts);
+    QWidget* row = row_of(m);
+    make_widget(m, row ? row : this, mirror_acts);
     watched_[m.widget] = &m;
     m.widget->installEventFilter(this);
     if (m.input != m.widget) {
         watched_[m.input] = &m;
         m.input->installEventFilter(this);
     }
-    m.widget->setAccessibleName(look::text(spoken_name(form_, m.control(), m.placed.place)));
     place(m);
+}
+
+void FormView::name(Mirror& m) {
+    const QString spoken = look::text(spoken_name(form_, m.control(), m.placed.place));
+    if (m.widget->accessibleName() != spoken) m.widget->setAccessibleName(spoken);
+    if (m.role() != Role::row_number) return;
+    row_of(m)->setAccessibleName(spoken);
+    for (Mirror& cell : mirrors_)
+        if (cell.control().row == m.control().row && cell.widget && &cell != &m) name(cell);
+}
+
+// A box is heard by its message.
+void FormView::name_window() {
+    QString spoken = look::text(form_.caption);
+    for (const Mirror& m : mirrors_)
+        if (m.role() == Role::message) spoken += QLatin1Char(' ') + look::text(m.control().caption);
+    setAccessibleName(spoken.trimmed());
+}
+
+// The widget that a control of a line stands on; nullptr for any other.
+QWidget* FormView::row_of(const Mirror& m) {
+    const Layout* layout = arrangement_.layout;
+    if (!layout || layout->row_step == 0 || m.control().row < 0) return nullptr;
+    const auto row = static_cast<std::size_t>(m.control().row);
+    while (rows_.size() <= row) {
+        auto* band = rows_.emplace_back(new RowWidget(this));
+        band->setVisible(rows_on_show());
+    }
+    return rows_[row];
+}
+
+bool FormView::rows_on_show() const {
+    return std::any_of(mirrors_.begin(), mirrors_.end(), [](const Mirror& m) {
+        return m.control().row == 0 && m.role() != Role::hidden && on_show(m.control());
+    });
+}
+
+bool FormView::seen(const Mirror& m, bool rows) const {
+    switch (m.role()) {
+        case Role::hidden:
+            return false;
+        case Role::with_rows:
+        case Role::row_number:
+            return rows && m.control().visible;
+        default:
+            return on_show(m.control());
+    }
 }
 
 QRect FormView::scaled(const Area2& at) const {
@@ -117,7 +201,14 @@ QRect FormView::scaled(const Area2& at) const {
 
 void FormView::place(Mirror& m) {
     m.scale = scale_;
-    m.widget->setGeometry(scaled(m.placed.at));
+    QRect at = scaled(m.placed.at);
+    if (QWidget* row = row_of(m)) {
+        Area2 band = arrangement_.layout->row;
+        band.y += m.control().row * arrangement_.layout->row_step;
+        row->setGeometry(scaled(band));
+        at.translate(-row->pos());
+    }
+    m.widget->setGeometry(at);
 }
 
 void FormView::rescale() {
@@ -143,60 +234,78 @@ void FormView::resizeEvent(QResizeEvent* event) {
     rescale();
 }
 
+void FormView::rearrange() {
+    if (controls_changed() || (!isVisible() && arrange(form_).height != arrangement_.height)) build();
+}
+
 void FormView::sync() {
-    if (controls_changed()) build();
-    // a form that comes anew may be another than the one that went, whatever its revisions say
-    if (!isVisible()) fresh_ = true;
-    if (fresh_) {
-        rescale();
-        wheel_rest_ = 0;
-        current_row_ = -1;
-        for (Mirror& m : mirrors_) start_afresh(m);
-    }
+    rearrange();
+    if (!isVisible() || fresh_) start_afresh();
     if (fresh_ || form_.revision != revision_) {
         const QString title = look::text(form_.caption);
         if (windowTitle() != title) setWindowTitle(title);
+        name_window();
         revision_ = form_.revision;
     }
     const bool entered = fresh_ || form_.focus_moves != focus_moves_;
     focus_moves_ = form_.focus_moves;
-    const int row = form_.active ? form_.active->row : -1;
-    if (row >= 0 && row != current_row_) {
-        current_row_ = row;
-        update();
-    }
+    if (entered) mark_current();
+    const bool rows = rows_on_show();
+    for (QWidget* row : rows_)
+        if (row->isHidden() == rows) row->setVisible(rows);
+    bool others_on_show = false;
     for (Mirror& m : mirrors_) {
         const Control& c = m.control();
-        const bool show = on_show(c) && m.role() != Role::hidden;
+        const bool show = seen(m, rows);
         if (!m.widget && !show) continue;
         const bool made = !m.widget;
         if (made) make(m);
         if (made || fresh_ || m.revision != c.revision) {
             m.revision = c.revision;
             sync_widget(m, entered && form_.active == &c);
-        } else if (m.role() == Role::row_number && entered) {
-            m.widget->update();
+            if (made || fresh_ || !c.caption.empty()) name(m);
         }
         if (made || m.shown != show) {
             m.shown = show;
             m.widget->setVisible(show);
+            others_on_show = true;
         }
     }
-    if (form_.tab_strip && entered) update();
+    if (others_on_show) update();  // the headings and units of what came or went
     fresh_ = false;
     follow_focus();
     keep_selection(entered);
 }
 
-// A composition that the last showing left behind is given up.
-void FormView::start_afresh(Mirror& m) {
-    m.touched = false;
-    if (!m.widget || !m.composing) return;
-    m.composing = false;
-    QInputMethodEvent none;
-    m.widget->removeEventFilter(this);
-    QCoreApplication::sendEvent(m.widget, &none);
-    m.widget->installEventFilter(this);
+// A form that comes anew may be another than the one that went, whatever its revisions say; a composition
+// that the last showing left behind is given up.
+void FormView::start_afresh() {
+    fresh_ = true;
+    rescale();
+    wheel_rest_ = 0;
+    current_row_ = -1;
+    for (Mirror& m : mirrors_) {
+        m.touched = m.current = false;
+        if (!m.widget || m.composing.isEmpty()) continue;
+        m.composing.clear();
+        QInputMethodEvent none;
+        m.widget->removeEventFilter(this);
+        QCoreApplication::sendEvent(m.widget, &none);
+        m.widget->installEventFilter(this);
+    }
+}
+
+// The line stays marked while buttons and pages have the focus: the line tools work on it.
+void FormView::mark_current() {
+    const Control* active = form_.active;
+    int row = current_row_;
+    if (active && (active->row >= 0 || takes_text(*active))) row = active->row;
+    if (row == current_row_) return;
+    for (const int changed : {current_row_, row})
+        if (changed >= 0 && changed < static_cast<int>(rows_.size()))
+            update(rows_[static_cast<std::size_t>(changed)]->geometry());
+    current_row_ = row;
+    for (Mirror& m : mirrors_) m.current = m.role() == Role::row_number && m.control().row == row;
 }
 
 // The platform drops a selection when the focus comes and goes by its own moves; the model's stays until the
@@ -206,7 +315,7 @@ void FormView::keep_selection(bool entered) {
     if (!m) return;
     if (entered) m->touched = false;
     const auto* edit = dynamic_cast<const QLineEdit*>(m->widget);
-    if (edit && form_.active->select_all && !m->touched && !m->composing &&
+    if (edit && form_.active->select_all && !m->touched && m->composing.isEmpty() &&
         edit->selectedText() != edit->text())
         select_content(*m);
 }
@@ -228,7 +337,8 @@ void FormView::paint_headings(QPainter& p) const {
         if (!m.placed.place || !on_show(m.control())) continue;
         const Place& place = *m.placed.place;
         if (place.heading > 0 && m.control().row == 0 && m.control().page == page) {
-            const QRect r = scaled({place.at.x, layout.heading.y, place.heading, layout.heading.h});
+            const QRect r =
+                scaled({place.at.x - place.heading_lead, layout.heading.y, place.heading, layout.heading.h});
             p.fillRect(r, look::panel);
             p.setPen(look::ink);
             p.drawText(r, Qt::AlignCenter, look::text(plain_name(place.control)));
@@ -239,21 +349,15 @@ void FormView::paint_headings(QPainter& p) const {
                        look::text(place.unit));
         }
     }
-    if (layout.echo.page != page) return;
-    for (const Mirror& m : mirrors_) {
-        if (m.control().name != layout.echo.control) continue;
-        Area2 at = layout.echo.at;
-        at.y += std::max(0, m.control().row) * layout.row_step;
-        const bool current = m.control().row == current_row_;
-        p.fillRect(scaled(at), current ? look::focus : look::panel);
-        p.setPen(current ? QColor(Qt::white) : look::ink);
-        p.drawText(scaled(at), Qt::AlignCenter, look::text(m.control().caption));
-    }
 }
 
 void FormView::paintEvent(QPaintEvent*) {
     QPainter p(this);
     p.fillRect(rect(), look::page);
+    if (isWindow() && parentWidget()) {
+        p.setPen(QPen(look::bar, 2));
+        p.drawRect(rect().adjusted(1, 1, -1, -1));
+    }
     const Layout* layout = arrangement_.layout;
     if (!layout) return;
     if (layout->frame.w > 0) {
@@ -261,18 +365,10 @@ void FormView::paintEvent(QPaintEvent*) {
         p.setPen(look::line);
         p.drawRect(scaled(layout->frame).adjusted(0, 0, -1, -1));
     }
-    const int page = form_.tab_strip ? form_.tab_strip->number : 0;
-    if (layout->row_step > 0 && page <= 1) {
-        // stripes lead the eye along a row; the current one stands out
-        const int first = layout->echo.at.y - 4;
-        for (int row = 0; row < 10; ++row) {
-            const Area2 band{layout->heading.x - 2, first + row * layout->row_step, layout->heading.w + 2,
-                             layout->row_step};
-            if (row == current_row_)
-                p.fillRect(scaled(band), look::band);
-            else if (row % 2 == 1)
-                p.fillRect(scaled(band), look::page);
-        }
+    // stripes lead the eye along a row; the current one stands out
+    for (std::size_t row = 0; row < rows_.size() && !rows_[row]->isHidden(); ++row) {
+        const bool current = static_cast<int>(row) == current_row_;
+        if (current || row % 2 == 1) p.fillRect(rows_[row]->geometry(), current ? look::band : look::page);
     }
     paint_headings(p);
 }

@@ -14,6 +14,8 @@ class FormView : public QWidget {
   public:
     FormView(Form& form, QWidget* parent);
     void sync();
+    // Puts the controls in their places, where other ones came or texts that take room.
+    void rearrange();
     Form& form() const { return form_; }
     // The mirror of a control; nullptr while it has no widget.
     Mirror* mirror_of(const Control& c);
@@ -32,15 +34,23 @@ class FormView : public QWidget {
     void build();
     void make(Mirror& m);
     void place(Mirror& m);
+    void name(Mirror& m);
+    void name_window();
+    void mark_current();
+    QWidget* row_of(const Mirror& m);
+    bool rows_on_show() const;
+    bool seen(const Mirror& m, bool rows) const;
     void rescale();
-    void start_afresh(Mirror& m);
+    void start_afresh();
     void follow_focus();
     void keep_selection(bool entered);
+    void finish_composition();
     QRect scaled(const Area2& at) const;
     void paint_headings(QPainter& p) const;
     bool key(Mirror* m, QKeyEvent& event);
     bool mouse(Mirror& m, QEvent& event);
     bool wheel(Mirror* m, QWheelEvent& event);
+    bool drop(Mirror& m, QDropEvent& event);
 
     Form& form_;
     Arrangement arrangement_;
@@ -48,6 +58,7 @@ class FormView : public QWidget {
     std::vector<const Control*> built_;
     std::unordered_map<const QObject*, Mirror*> watched_;
     std::unordered_map<const Control*, Mirror*> by_control_;
+    std::vector<QWidget*> rows_;  // of the lines, where the form has any
     unsigned revision_ = 0, focus_moves_ = 0;
     int current_row_ = -1;
     int wheel_rest_ = 0;

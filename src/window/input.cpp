@@ -7,6 +7,7 @@
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QTabBar>
 #include <QTableView>
 #include <algorithm>
@@ -89,7 +90,7 @@ bool FormView::key(Mirror* m, QKeyEvent& event) {
     event.accept();
     if (!takes_input(form_)) return true;
     Control* active = form_.active;
-    if (m && m->composing) {
+    if (m && !m->composing.isEmpty()) {
         // keys of a running composition are the input method's; Enter only commits it
         if (key_of(event) == Key::Enter) QGuiApplication::inputMethod()->commit();
         return true;
@@ -124,6 +125,7 @@ bool FormView::mouse(Mirror& m, QEvent& event) {
     auto& mouse = static_cast<QMouseEvent&>(event);
     Control& c = *m.placed.control;
     if (!takes_input(form_) || !c.enabled) return true;
+    if (form_.active != &c) finish_composition();
     const bool press = event.type() == QEvent::MouseButtonPress,
                twice = event.type() == QEvent::MouseButtonDblClick;
     if (c.kind == ControlKind::scroll) return false;
@@ -159,6 +161,29 @@ bool FormView::mouse(Mirror& m, QEvent& event) {
     }
     m.touched = true;
     return form_.active != &c;
+}
+
+// What is composed elsewhere becomes part of its text before the focus goes.
+void FormView::finish_composition() {
+    Mirror* m = form_.active ? mirror_of(*form_.active) : nullptr;
+    if (!m || m->composing.isEmpty()) return;
+    QInputMethodEvent event;
+    event.setCommitString(m->composing);
+    QCoreApplication::sendEvent(m->widget, &event);
+    QGuiApplication::inputMethod()->reset();
+}
+
+// A drop is a paste; into a text over several lines it goes where it was let fall.
+bool FormView::drop(Mirror& m, QDropEvent& event) {
+    Control& c = *m.placed.control;
+    event.ignore();
+    if (!takes_input(form_)) return true;
+    act([&] { press_focus(c); });
+    if (!takes_input(form_) || form_.active != &c) return true;
+    event.acceptProposedAction();
+    if (c.kind == ControlKind::xText) return false;
+    act([&] { paste_into(form_, look::utf8(event.mimeData()->text())); });
+    return true;
 }
 
 bool FormView::wheel(Mirror* m, QWheelEvent& event) {
@@ -201,12 +226,13 @@ bool FormView::eventFilter(QObject* object, QEvent* event) {
             if (!takes_input(form_) || form_.active != &c) return true;
             const bool says_nothing = input.preeditString().isEmpty() && input.commitString().isEmpty() &&
                                       input.replacementLength() == 0 && input.attributes().isEmpty();
-            if (says_nothing && !m.composing) return true;  // it would only take the selection away
-            m.composing = !input.preeditString().isEmpty();
+            // it would only take the selection away
+            if (says_nothing && m.composing.isEmpty()) return true;
+            m.composing = input.preeditString();
             return false;
         }
         case QEvent::FocusOut:
-            m.composing = false;
+            m.composing.clear();
             return false;
         case QEvent::DragEnter:
         case QEvent::DragMove:
@@ -214,15 +240,7 @@ bool FormView::eventFilter(QObject* object, QEvent* event) {
             event->ignore();
             return true;
         case QEvent::Drop:
-            if (takes_input(form_)) {
-                act([&] { press_focus(*m.placed.control); });
-                if (form_.active == &c) {
-                    select_content(m);
-                    return false;
-                }
-            }
-            event->ignore();
-            return true;
+            return drop(m, static_cast<QDropEvent&>(*event));
         case QEvent::ContextMenu:
             return !takes_input(form_) || form_.active != &c;
         default:

@@ -105,6 +105,13 @@ Arrangement arrange(Form& form) {
         if (c->row > 0) at.y += c->row * layout->row_step;
         out.controls.push_back({c, at, place});
     }
+    for (const Placed& empty : out.controls) {
+        if (!empty.place->folds || !empty.control->caption.empty()) continue;
+        const int room = empty.at.h + gap;
+        out.height -= room;
+        for (Placed& below : out.controls)
+            if (below.at.y > empty.at.y) below.at.y -= room;
+    }
     return out;
 }
 
@@ -123,7 +130,7 @@ std::string spoken_name(Form& form, const Control& c, const Place* place) {
     if (name.empty() && ByteLen(c.caption) > 2) name = c.caption;
     if (name.empty()) name = plain_name(c.name);
     if (place && !place->unit.empty()) name.append(" ").append(place->unit);
-    if (c.row < 0 || (place && place->role == Role::row_number)) return name;
+    if (c.row < 0) return name;
     const Control* number = find_control(form, "Lab_行No", c.row);
     return name + " " + (number ? number->caption : std::to_string(c.row + 1));
 }

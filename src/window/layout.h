@@ -21,7 +21,8 @@ enum class Role {
     notice,      // the line that speaks to the operator
     message,     // text of a box, over several lines
     accent,      // the button that the form is for
-    row_number,  // number of a line; shows which line is current
+    with_rows,   // belongs to the rows: seen on every page that has them
+    row_number,  // likewise, number of a line; shows which line is current
     hidden,      // takes the focus on its way elsewhere, is never seen
 };
 
@@ -32,14 +33,9 @@ struct Place {
     Role role = Role::plain;
     int face = 0;                // places of different faces (1, 2) are never seen together
     int heading = 0;             // width of the heading with its name above the column; 0 for none
+    int heading_lead = 0;        // how much of that lies in front of the column
     std::string_view unit = {};  // end of its name that is shown behind it
-};
-
-// A row number that is shown on a page other than its control's.
-struct Echo {
-    std::string_view control;
-    Area2 at;
-    int page;
+    bool folds = false;          // without a text it takes no room: what stands below moves up
 };
 
 struct Layout {
@@ -48,9 +44,9 @@ struct Layout {
     const Place* begin_;
     const Place* end_;
     int row_step = 0;    // distance of the rows
-    Area2 heading = {};  // y and h of the headings; x and w of the band behind a row
+    Area2 row = {};      // band of the first row
+    Area2 heading = {};  // y and h of the headings
     Area2 frame = {};    // around the pages of the tab strip
-    Echo echo = {{}, {}, -1};
     const Place* begin() const { return begin_; }
     const Place* end() const { return end_; }
 };

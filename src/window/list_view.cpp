@@ -76,7 +76,7 @@ void ListWidget::sync() {
     const int top = verticalScrollBar()->value();
     rows.read_again();
     verticalHeader()->setDefaultSectionSize(static_cast<int>(24 * m.scale));
-    horizontalHeader()->setFixedHeight(static_cast<int>(26 * m.scale));
+    horizontalHeader()->setFixedHeight(static_cast<int>(32 * m.scale));
     for (std::size_t i = 0; i < c.columns.size(); ++i)
         setColumnWidth(static_cast<int>(i),
                        std::max(24, static_cast<int>(c.columns[i].width / twips_a_pixel * m.scale)));

@@ -1,6 +1,7 @@
 // How to add a kind of control: a row in `kinds` with the making and the showing of its widget.
 #include "window/mirror.h"
 
+#include <QAccessible>
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
@@ -104,7 +105,12 @@ void make_memo(Mirror& m, QWidget* parent, const MirrorActs& acts) {
 void show_memo(Mirror& m, bool) {
     auto& edit = *static_cast<QPlainTextEdit*>(m.widget);
     const Control& c = m.control();
-    const QString text = look::text(Replace(Replace(c.text, "\r\n", "\n"), "\r", "\n"));
+    const QString text = look::text(model_text(c));
+    const double margin = 6 * m.scale;
+    if (edit.document()->documentMargin() != margin) {
+        const QSignalBlocker quiet(edit);
+        edit.document()->setDocumentMargin(margin);
+    }
     if (edit.toPlainText() != text) {
         const QSignalBlocker quiet(edit);
         const int position = kept_position(edit.toPlainText().left(edit.textCursor().position()), text);
@@ -143,10 +149,13 @@ void make_panel(Mirror& m, QWidget* parent, const MirrorActs&) {
 }
 
 void show_panel(Mirror& m, bool) {
-    static_cast<QLabel*>(m.widget)->setText(
-        look::text(m.control().caption).replace(QLatin1Char('\r'), QLatin1Char('\n')));
-    if (m.role() == Role::row_number || m.role() == Role::notice || m.role() == Role::title)
-        m.widget->update();
+    auto& panel = *static_cast<QLabel*>(m.widget);
+    const QString text = look::text(m.control().caption).replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    if (panel.text() == text) return;
+    panel.setText(text);
+    if (m.role() != Role::notice || text.isEmpty()) return;
+    QAccessibleEvent speak(&panel, QAccessible::Alert);
+    QAccessible::updateAccessibility(&speak);
 }
 
 template <class Button>
@@ -299,6 +308,7 @@ void sync_widget(Mirror& m, bool entered) {
 }
 
 std::string model_text(const Control& c) {
+    if (c.kind == ControlKind::xText) return Replace(Replace(c.text, "\r\n", "\n"), "\r", "\n");
     return c.kind == ControlKind::xPass ? c.text : shown_text(c);
 }
 

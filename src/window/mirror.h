@@ -14,9 +14,10 @@ struct Mirror {
     QWidget* input = nullptr;   // the part of it that the mouse meets
     unsigned revision = 0;
     bool shown = false;
-    bool composing = false;  // the input method has text that is not committed
-    bool touched = false;    // the operator has set the cursor by himself since he came
+    bool touched = false;  // the operator has set the cursor by himself since he came
     bool italic = false;
+    bool current = false;  // number of the line that the operator works on
+    QString composing;     // text of the input method that is not committed
     double scale = 1;
     const Control& control() const { return *placed.control; }
     Role role() const { return placed.place ? placed.place->role : Role::plain; }

@@ -226,12 +226,9 @@ bool write_picture(const std::string& path) {
     QPainter p(&picture);
     for (std::size_t i = 1; i < shown.size(); ++i) {
         const QPixmap window = shown[i]->grab();
-        const QRectF middle((QSizeF(picture.width(), picture.height()) - window.size()).width() / 2,
-                            (QSizeF(picture.width(), picture.height()) - window.size()).height() / 2,
-                            window.width(), window.height());
+        const QSizeF room = picture.deviceIndependentSize() - window.deviceIndependentSize();
         p.fillRect(picture.rect(), QColor(0, 0, 0, 70));
-        p.fillRect(middle.adjusted(-2, -2, 2, 2), look::bar);
-        p.drawPixmap(middle.topLeft(), window);
+        p.drawPixmap(QPointF(room.width() / 2, room.height() / 2), window);
     }
     p.end();
     return picture.save(look::text(path), "PNG");

@@ -25,6 +25,7 @@ bool show_box(const std::string& text, Buttons buttons, bool default_yes) {
     while (!box.answered() && !process_ended()) wait_turn();
     window_state.boxes.pop_back();
     box.hide();
+    give_keys_to_top();
     return box.yes();
 }
 

@@ -4,10 +4,12 @@
 #include <QProxyStyle>
 #include <QScreen>
 #include <QStyleFactory>
+#include <algorithm>
 #include <cstdlib>
 #include <iostream>
 
 #include "platform/os/process.h"
+#include "window/accessible.h"
 #include "window/hands.h"
 #include "window/look.h"
 #include "window/windows.h"
@@ -24,13 +26,20 @@ constexpr const char* no_font =
     "日本語フォントがありません。fonts-noto-cjk または fonts-ipaexfont をインストールしてください。\n"
     "No Japanese font is installed: install fonts-noto-cjk or fonts-ipaexfont.";
 
-// Air around the texts of lists.
+// Air around the texts of lists, scroll bars that grow with the letters, and no menu of the platform that
+// runs a loop of its own.
 struct Style : QProxyStyle {
     Style() : QProxyStyle(QStyleFactory::create(QStringLiteral("Fusion"))) {}
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
-        constexpr int air = 8;
-        if (metric == PM_HeaderMargin || metric == PM_FocusFrameHMargin) return air;
+        if (metric == PM_HeaderMargin) return 6;
+        if (metric == PM_FocusFrameHMargin) return 8;
+        if (metric == PM_ScrollBarExtent && widget)
+            return std::max(14, widget->font().pixelSize() * 16 / design_font);
         return QProxyStyle::pixelMetric(metric, option, widget);
+    }
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* more) const override {
+        return hint == SH_ScrollBar_ContextMenu ? 0 : QProxyStyle::styleHint(hint, option, widget, more);
     }
 };
 
@@ -79,6 +88,7 @@ bool start_window_system(int& argc, char** argv, WindowSize size) {
         return false;
     }
     set_look(family);
+    install_accessibility();
     window_state.size = QSize(size.width, size.height);
     if (const QScreen* screen = QGuiApplication::primaryScreen())
         os::set_screen_size({screen->size().width(), screen->size().height()});

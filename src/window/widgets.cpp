@@ -150,7 +150,7 @@ void PanelWidget::paintEvent(QPaintEvent*) {
     const bool opens = c.Click != nullptr;
     QColor area = opens && underMouse() ? look::hover : look::panel;
     if (role == Role::row_number) {
-        const bool current = c.form && c.form->active && c.form->active->row == c.row;
+        const bool current = m.current;
         area = current ? look::focus : look::panel;
         const QColor own = look::readable(look::colour_of(c.fore, look::ink), look::panel);
         p.fillRect(rect(), area);
@@ -228,7 +228,8 @@ void TabWidget::paintEvent(QPaintEvent*) {
             p.fillRect(QRect(r.left(), r.top(), r.width(), 3 * unit), c.enabled ? look::focus : look::line);
         p.setBrush(Qt::NoBrush);
         p.setPen(QPen(look::line, unit, c.enabled ? Qt::SolidLine : Qt::DotLine));
-        p.drawRect(r.adjusted(0, 0, -1, -1));
+        // the page in front is open toward its frame
+        p.drawRect(r.adjusted(0, 0, -1, on ? unit : -unit - 1));
         set_font(p, *this, on, !c.enabled);
         p.setPen(c.enabled ? look::ink : look::quiet);
         draw_fitting(p, r, Qt::AlignCenter, tabText(i));

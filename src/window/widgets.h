@@ -22,6 +22,10 @@ struct ButtonLook {
 };
 void draw_button(QPainter& p, const QPushButton& button, const ButtonLook& look);
 
+// Holds the controls of one line together.
+struct RowWidget : QWidget {
+    using QWidget::QWidget;
+};
 struct FieldWidget : QLineEdit {
     Mirror& m;
     FieldWidget(Mirror& mirror, QWidget* parent) : QLineEdit(parent), m(mirror) {}

@@ -45,7 +45,11 @@ void show_view(Form& form) {
     if (!view) view = std::make_unique<FormView>(form, nullptr);
     if (view->isVisible()) return view->sync();
     view->setParent(parent, parent ? Qt::Dialog : Qt::Window);
+    // a window that takes no keys leaves them with the one below: what is typed meanwhile waits there
+    const bool takes_keys = form.active || !parent;
+    view->setAttribute(Qt::WA_ShowWithoutActivating, !takes_keys);
     view->setWindowModality(form.modal ? Qt::ApplicationModal : Qt::NonModal);
+    view->rearrange();
     size_view(*view, parent);
     view->sync();
     if (fills_screen(*view, parent))
@@ -53,7 +57,7 @@ void show_view(Form& form) {
     else
         view->show();
     view->sync();
-    view->activateWindow();
+    if (takes_keys) view->activateWindow();
 }
 
 }  // namespace
@@ -66,15 +70,21 @@ FormView* view_of(Form& form) {
 void sync_windows() {
     if (window_state.syncing || !window_state.application) return;
     window_state.syncing = true;
+    bool gone = false;
     // a child goes before the window that it stands on
     for (auto& [form, view] : window_state.views)
         if (view->parentWidget() && !is_open(*form)) {
+            gone = gone || view->isVisible();
             view->hide();
             view->setParent(nullptr);
         }
-    for (auto& [form, view] : window_state.views)
-        if (!is_open(*form)) view->hide();
+    for (auto& [form, view] : window_state.views) {
+        if (is_open(*form)) continue;
+        gone = gone || view->isVisible();
+        view->hide();
+    }
     for (std::size_t i = 0; i < open_forms.size(); ++i) show_view(*open_forms[i]);
+    if (gone) give_keys_to_top();
     window_state.syncing = false;
 }
 
@@ -92,6 +102,13 @@ void wait_turn() {
 bool takes_input(const Form& form) {
     return !process_ended() && window_state.boxes.empty() && window_state.dialogs == 0 && form.visible &&
            form.enabled && top_form() == &form;
+}
+
+void give_keys_to_top() {
+    QWidget* top = window_state.boxes.empty() ? nullptr : window_state.boxes.back();
+    for (auto form = open_forms.rbegin(); form != open_forms.rend() && !top; ++form)
+        if ((*form)->active) top = view_of(**form);
+    if (top && top->isVisible()) top->activateWindow();
 }
 
 QWidget* window_on_top() {

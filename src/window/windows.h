@@ -33,6 +33,8 @@ bool takes_input(const Form& form);
 FormView* view_of(Form& form);  // nullptr while it was never shown
 // The widget on which a box or dialog stands; nullptr without a window.
 QWidget* window_on_top();
+// When a window goes, the platform may give the keys to none: what is typed next would be lost.
+void give_keys_to_top();
 
 // Runs an operator event and shows what came of it.
 template <class Event>

@@ -1,70 +1,23 @@
-// What a person's hands may do that a script does not: composing, pasting, editing in the middle, clicking
-// where nothing is to be clicked; and hands that do anything at all.
+// What a person's hands may do that a script does not: composing, pasting, editing in the middle, dropping,
+// clicking where nothing is to be clicked; and what a program that reads the screen aloud finds.
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
-#include <QMouseEvent>
-#include <QPointer>
-#include <QWheelEvent>
-#include <random>
 
-#include "invoice/screen_model.h"
+#include "desktop/wait_box.h"
+#include "invoice/save_dialogue.h"
+#include "window/at_the_window.h"
 #include "window/box_view.h"
 #include "window/look.h"
-#include "window/qt_host.h"
-#include "window/seat.h"
 
 namespace kalvane {
 namespace {
 
-// A program at its first field, the window's own host in front of it.
-struct AtTheWindow : testing::Test {
-    const Hands& hands = test::real_hands();
-    EntryScreen& s = frmKalvaneInvoiceEntry;
-
-    AtTheWindow() {
-        test::demonstration().restore();
-        reset_run();
-        host = window_host();
-        os::freeze_clock({{2024, 4, 10}, 9, 30, 0});
-        os::set_user_name("tanaka");
-        os::set_computer_name("SEAT01");
-        os::set_previous_instance(false);
-        os::set_executable_path(test::demonstration().root() + "/prgbin/KalvaneInvoiceEntry");
-        os::set_command_line("");
-        起動処理();
-        hands.settle();
-    }
-    ~AtTheWindow() override {
-        end_process();
-        if (実行環境.主接続中 || 実行環境.設定接続中) 強制終了();
-        sync_windows();
-        window_state.turn = nullptr;
-        host = {};
-        os::release_clock();
-        reset_run();
-    }
-    FormView& view() { return *view_of(s); }
-    QLineEdit& edit(Control& c) { return *static_cast<QLineEdit*>(view().widget_of(c)); }
-    static void key(QWidget* to, int key, const QString& text = {}) {
-        QKeyEvent event(QEvent::KeyPress, key, Qt::NoModifier, text);
-        QCoreApplication::sendEvent(to, &event);
-    }
-    static void compose(QWidget* to, const QString& shown, const QString& committed) {
-        QInputMethodEvent event(shown, {});
-        event.setCommitString(committed);
-        QCoreApplication::sendEvent(to, &event);
-    }
-    void fill_head() {
-        press_focus(s.得意先コード);
-        hands.settle();
-        hands.type_text(s, "3");
-        hands.press_key(s, Key::Enter);
-    }
-};
+using test::AtTheWindow;
 
 TEST_F(AtTheWindow, TheFocusOfThePlatformFollowsTheModel) {
     EXPECT_EQ(s.active, &s.営業請求日付年);
@@ -100,12 +53,30 @@ TEST_F(AtTheWindow, RefusedKeysLeaveNoTrace) {
     EXPECT_EQ(year.text(), "198");
     key(&year, Qt::Key_0, "0");
     EXPECT_EQ(s.営業請求日付年.text, "1098");
+    // nor does a key or a paste in a full field push a character out
+    key(&year, Qt::Key_5, "5");
+    EXPECT_EQ(year.text(), "1098");
+    EXPECT_EQ(year.cursorPosition(), 2);
+    year.setSelection(1, 2);
+    year.insert("7x65");
+    EXPECT_EQ(s.営業請求日付年.text, "1768");
+    EXPECT_EQ(year.text(), "1768");
+}
+
+TEST_F(AtTheWindow, ADropIsAPaste) {
+    fill_head();
+    enter(s.タイトル);
+    drop(&edit(s.得意先コード), "x1 9y");
+    EXPECT_EQ(s.active, &s.得意先コード);
+    EXPECT_EQ(s.得意先コード.text, "x19y");
+    EXPECT_EQ(edit(s.得意先コード).text(), "x19y");
+    drop(&edit(s.担当者名), "何か");
+    EXPECT_EQ(edit(s.担当者名).text().toStdString(), s.担当者名.text);
 }
 
 TEST_F(AtTheWindow, EnterInACompositionOnlyCommitsIt) {
     fill_head();
-    press_focus(s.タイトル);
-    hands.settle();
+    enter(s.タイトル);
     QLineEdit& title = edit(s.タイトル);
     EXPECT_TRUE(title.testAttribute(Qt::WA_InputMethodEnabled));
     EXPECT_FALSE(edit(s.得意先コード).testAttribute(Qt::WA_InputMethodEnabled));
@@ -119,6 +90,59 @@ TEST_F(AtTheWindow, EnterInACompositionOnlyCommitsIt) {
     EXPECT_EQ(s.active, &s.タイトル);
     key(&title, Qt::Key_Return, "\r");
     EXPECT_EQ(s.active, &s.支払条件);
+    // a click elsewhere takes what is being composed along
+    compose(&edit(s.支払条件), "げつまつ", {});
+    press(&edit(s.タイトル));
+    EXPECT_EQ(s.active, &s.タイトル);
+    EXPECT_EQ(s.支払条件.text, "げつまつ");
+}
+
+TEST_F(AtTheWindow, AProgramThatReadsAloudFindsNamesRolesAndRows) {
+    const auto found = [](QWidget* w) { return QAccessible::queryAccessibleInterface(w); };
+    const auto name = [&](QWidget* w) { return found(w)->text(QAccessible::Name).toStdString(); };
+    fill_head();
+    set_caption(s.Lab_行No[2], "13");
+    set_caption(s.お知らせ, "該当情報がありません。");
+    set_list(s.List付属書類, {{"書類名", 3000, false}, {"サイズ", 900, true}},
+             {{"1", "契約書", {"12"}}, {"2", "図面", {"9"}}});
+    hands.settle();
+    QWidget* row = view().widget_of(s.商品コード[2])->parentWidget();
+    EXPECT_EQ(found(row)->role(), QAccessible::Row);
+    EXPECT_EQ(name(row), "行 13");
+    EXPECT_EQ(name(view().widget_of(s.商品コード[2])), "商品コード 13");
+    EXPECT_EQ(found(view().widget_of(s.商品コード[2]))->role(), QAccessible::EditableText);
+    EXPECT_EQ(found(row)->indexOfChild(found(view().widget_of(s.商品名[2]))) >= 0, true);
+    EXPECT_EQ(name(view().widget_of(s.お知らせ)), "該当情報がありません。");
+    EXPECT_EQ(found(&view())->role(), QAccessible::Window);
+    EXPECT_EQ(name(&view()), s.caption);
+    choose(s.tab_詳細, 3);
+    hands.settle();
+    QAccessibleInterface* list = found(view().widget_of(s.List付属書類));
+    EXPECT_EQ(list->role(), QAccessible::Table);
+    ASSERT_NE(list->tableInterface(), nullptr);
+    EXPECT_EQ(list->tableInterface()->rowCount(), 2);
+    EXPECT_EQ(list->tableInterface()->cellAt(1, 0)->text(QAccessible::Name), "図面");
+    // every control that is seen says what it is and does
+    for (Control* c : s.controls) {
+        QWidget* w = view().widget_of(*c);
+        if (!w || w->isHidden()) continue;
+        EXPECT_NE(name(w), "") << c->name;
+        const QAccessible::Role role = found(w)->role();
+        EXPECT_TRUE(role != QAccessible::Client && role != QAccessible::NoRole) << c->name;
+        const bool pressed =
+            c->Click && (c->kind == ControlKind::SSPanel || c->kind == ControlKind::SSCommand);
+        EXPECT_EQ(role == QAccessible::Button, pressed || c->kind == ControlKind::SSCommand) << c->name;
+    }
+}
+
+TEST_F(AtTheWindow, WhatBelongsToTheRowsIsSeenWithThem) {
+    fill_head();
+    for (const int page : {0, 1, 2, 3, 0}) {
+        choose(s.tab_詳細, page);
+        hands.settle();
+        for (Control* c : {&s.scl_行, &s.itm_ttl_行No, &s.Lab_行No[0], &s.Lab_行No[9]})
+            EXPECT_EQ(view().widget_of(*c)->isVisible(), page < 2) << c->name << " on page " << page;
+    }
 }
 
 TEST_F(AtTheWindow, ANumberIsEditedWithItsSeparators) {
@@ -163,6 +187,10 @@ TEST_F(AtTheWindow, ABoxTakesAllInput) {
                 EXPECT_FALSE(box.answered());
                 break;
             default:
+                // the key that is still held down is no answer
+                QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+                QCoreApplication::sendEvent(box.focusWidget(), &held);
+                EXPECT_FALSE(box.answered());
                 key(box.focusWidget(), Qt::Key_Return);
         }
     });
@@ -171,6 +199,37 @@ TEST_F(AtTheWindow, ABoxTakesAllInput) {
     EXPECT_FALSE(process_ended());
     EXPECT_TRUE(window_state.boxes.empty());
     EXPECT_TRUE(s.visible);
+}
+
+TEST_F(AtTheWindow, KeysStayWithTheScreenWhileItWaits) {
+    EXPECT_EQ(QApplication::activeWindow(), &view());
+    {
+        const お待ち wait;
+        ASSERT_TRUE(view_of(msgお待ち)->isVisible());
+        EXPECT_TRUE(view_of(msgお待ち)->testAttribute(Qt::WA_ShowWithoutActivating));
+    }
+    hands.set_turn([] { window_state.boxes.back()->answer(true); });
+    message_box("済");
+    hands.settle();
+    EXPECT_EQ(QApplication::activeWindow(), &view());
+    EXPECT_EQ(QApplication::focusWidget(), &edit(s.営業請求日付年));
+}
+
+TEST_F(AtTheWindow, TheQuestionIsAsHighAsWhatItSays) {
+    static std::vector<int> heights;
+    heights.clear();
+    hands.set_turn([] {
+        FormView& question = *view_of(msg印刷確認);
+        EXPECT_EQ(question.size(), question.design());
+        heights.push_back(question.height());
+        click(msg印刷確認.btn_いいえ);
+    });
+    std::int16_t result = 0;
+    for (const char* message : {"他の請求に参照済です。", "", "合計計算消費税は"})
+        登録確認表示("t", message, result);
+    ASSERT_EQ(heights.size(), 3u);
+    EXPECT_LT(heights[1], heights[0]);
+    EXPECT_EQ(heights[2], heights[0]);
 }
 
 TEST_F(AtTheWindow, ADisabledFormAndAHiddenPageTakeNothing) {
@@ -211,115 +270,6 @@ TEST(Look, TextReadsWellOnEveryGround) {
     EXPECT_NEAR(look::contrast(Qt::black, Qt::white), 21.0, 0.01);
     EXPECT_NEAR(look::contrast(QColor(0x76, 0x76, 0x76), Qt::white), 4.54, 0.01);
 }
-
-// --- hands that do anything at all
-
-class AnyHands {
-  public:
-    explicit AnyHands(unsigned seed) : random(seed) {}
-    void act() {
-        QWidget* top = window_on_top();
-        if (!top) return;
-        QWidget* to = top->focusWidget() ? top->focusWidget() : top;
-        if (pick(3) == 0) to = any_child(*top);
-        switch (pick(8)) {
-            case 0:
-                return mouse(*any_child(*top));
-            case 1:
-                return wheel(*to);
-            case 2:
-                return compose(*to);
-            default:
-                return key(*to);
-        }
-    }
-
-  private:
-    std::mt19937 random;
-    int pick(int n) { return static_cast<int>(random() % static_cast<unsigned>(n)); }
-    QWidget* any_child(QWidget& top) {
-        const auto children = top.findChildren<QWidget*>();
-        return children.isEmpty() ? &top : children[pick(static_cast<int>(children.size()))];
-    }
-    void key(QWidget& to) {
-        static constexpr int codes[] = {Qt::Key_Return,  Qt::Key_Return,    Qt::Key_Tab,    Qt::Key_Backtab,
-                                        Qt::Key_Up,      Qt::Key_Down,      Qt::Key_Escape, Qt::Key_Space,
-                                        Qt::Key_Delete,  Qt::Key_Backspace, Qt::Key_Left,   Qt::Key_Home,
-                                        Qt::Key_Control, Qt::Key_PageDown,  Qt::Key_F2,     Qt::Key_F4,
-                                        Qt::Key_F5,      Qt::Key_F6,        Qt::Key_F9,     Qt::Key_F12};
-        static const QString texts[] = {"1", "3", "P", "0", "山", "-", ".", "｡", "9"};
-        const bool typed = pick(2) == 0;
-        const int code = typed ? 0 : codes[pick(static_cast<int>(std::size(codes)))];
-        QKeyEvent press(QEvent::KeyPress, code, Qt::NoModifier, typed ? texts[pick(9)] : QString());
-        QCoreApplication::sendEvent(&to, &press);
-    }
-    void mouse(QWidget& to) {
-        const QPointer<QWidget> target = &to;
-        const QPoint at(pick(std::max(1, to.width())), pick(std::max(1, to.height())));
-        for (const QEvent::Type type : {pick(6) == 0 ? QEvent::MouseButtonDblClick : QEvent::MouseButtonPress,
-                                        QEvent::MouseButtonRelease}) {
-            if (!target) return;
-            QMouseEvent event(type, at, target->mapToGlobal(at), Qt::LeftButton,
-                              type == QEvent::MouseButtonRelease ? Qt::NoButton : Qt::LeftButton,
-                              Qt::NoModifier);
-            QCoreApplication::sendEvent(target, &event);
-        }
-    }
-    void wheel(QWidget& to) {
-        QWheelEvent event(QPointF(1, 1), to.mapToGlobal(QPointF(1, 1)), {}, {0, pick(5) * 60 - 120},
-                          Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(&to, &event);
-    }
-    void compose(QWidget& to) {
-        QInputMethodEvent event(pick(2) ? QString("かな") : QString(), {});
-        if (pick(2)) event.setCommitString("漢字");
-        QCoreApplication::sendEvent(&to, &event);
-    }
-};
-AnyHands* any_hands = nullptr;
-int acts_left = 0;
-
-// Where an editor differs from its model, or the focus from the model's.
-std::string difference() {
-    for (Form* form : open_forms) {
-        FormView* view = view_of(*form);
-        if (!view) return form->name + " has no window";
-        for (Control* c : form->controls)
-            if (Mirror* m = view->mirror_of(*c); m && takes_text(*c) && !m->composing &&
-                                                 c->kind != ControlKind::xText &&
-                                                 widget_text(*m) != model_text(*c))
-                return c->name + " shows " + widget_text(*m) + ", holds " + model_text(*c);
-    }
-    return "";
-}
-
-class AnyInput : public AtTheWindow, public testing::WithParamInterface<unsigned> {};
-
-TEST_P(AnyInput, LeavesWindowAndModelsInStep) {
-    constexpr int acts = 500;
-    AnyHands some(GetParam());
-    any_hands = &some;
-    acts_left = acts;
-    fill_head();
-    os::launcher = [](const os::Launch&) {};
-    hands.set_turn([] {
-        // loops that open in loops are left again, each by its own keys
-        if (acts_left-- > 0)
-            any_hands->act();
-        else if (!window_state.boxes.empty())
-            window_state.boxes.back()->answer(true);
-        else
-            end_process();
-    });
-    while (acts_left > 0 && !process_ended()) {
-        wait_turn();
-        ASSERT_EQ(difference(), "");
-    }
-    os::launcher = nullptr;
-    EXPECT_FALSE(failed_in_dispatch());
-}
-
-INSTANTIATE_TEST_SUITE_P(Seeds, AnyInput, testing::Values(1u, 2u, 3u, 4u, 5u, 6u));
 
 }  // namespace
 }  // namespace kalvane

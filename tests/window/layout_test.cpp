@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <map>
 
 #include "invoice/screen_model.h"
@@ -22,6 +23,10 @@ std::string label(const Placed& p) {
 // Whether an operator can see both at once.
 bool seen_together(const Placed& a, const Placed& b) {
     if (a.control->page >= 0 && b.control->page >= 0 && a.control->page != b.control->page) return false;
+    constexpr int pages_with_rows = 2;
+    for (const auto& [own, other] : {std::pair(&a, &b), std::pair(&b, &a)})
+        if (own->place && own->place->role == Role::with_rows && other->control->page >= pages_with_rows)
+            return false;
     return !(a.place && b.place && a.place->face != 0 && b.place->face != 0 &&
              a.place->face != b.place->face);
 }
@@ -65,7 +70,8 @@ TEST(EntryLayout, HeadingsStandClearOfEachOtherAndOfTheRows) {
     for (const Placed& p : arrange(frmKalvaneInvoiceEntry).controls) {
         if (p.control->row != 0 || p.place->heading == 0) continue;
         EXPECT_GE(p.at.y, layout.heading.y + layout.heading.h) << label(p);
-        const Area2 heading{p.at.x, layout.heading.y, p.place->heading, layout.heading.h};
+        const Area2 heading{p.at.x - p.place->heading_lead, layout.heading.y, p.place->heading,
+                            layout.heading.h};
         for (const Area2& other : pages[p.control->page]) EXPECT_FALSE(overlap(heading, other)) << label(p);
         pages[p.control->page].push_back(heading);
     }
@@ -86,6 +92,24 @@ TEST(EntryLayout, AScreenReaderHearsCaptionAndLine) {
     EXPECT_EQ(spoken(s.仕入先名称A[3]), "仕入先 14");
     EXPECT_EQ(spoken(s.btn_登録), "登録");
     for (const Control* c : s.controls) EXPECT_NE(spoken(*c), "") << c->name;
+}
+
+TEST(SaveLayout, AnEmptyMessageTakesNoRoom) {
+    Form form;
+    std::array<Control, 3> parts;
+    form.name = "msg印刷確認";
+    add_control(form, parts[0], ControlKind::label, "lab_inpmsg").caption = "他の請求に参照済です。";
+    add_control(form, parts[1], ControlKind::label, "lab_msg").caption = "修正します。よろしいですか？";
+    add_control(form, parts[2], ControlKind::SSCommand, "btn_登録");
+    const Arrangement full = arrange(form);
+    parts[0].caption.clear();
+    const Arrangement folded = arrange(form);
+    const int room = full.height - folded.height;
+    EXPECT_GE(room, full.controls[0].at.h);
+    for (const std::size_t below : {1u, 2u})
+        EXPECT_EQ(full.controls[below].at.y - folded.controls[below].at.y, room);
+    expect_clear(full);
+    EXPECT_GE(folded.controls[1].at.y, 0);
 }
 
 TEST(FlowLayout, AListWindowNeedsNoTable) {
