@@ -30,9 +30,9 @@ DateTime shift_months(DateTime t, int months);
 // The numeric parts of "yyyymmdd": characters 1-4, 5-6, 7-8 by Val; 0 where nothing stands.
 Date parts_of(std::string_view yyyymmdd);
 // Year in four digits, month and day in two.
-std::string date_text(Date d);                 // "yyyymmdd"
-std::string date_time_text(const DateTime& t); // "yyyymmdd hhnnss"
-std::string time_text(const DateTime& t);      // "hh:mm:ss"
+std::string date_text(Date d);                  // "yyyymmdd"
+std::string date_time_text(const DateTime& t);  // "yyyymmdd hhnnss"
+std::string time_text(const DateTime& t);       // "hh:mm:ss"
 // "yyyymmdd" with an optional "hhnnss" into a real date and time; false when it is none.
 bool parse_date(std::string_view yyyymmdd, std::string_view hhnnss, DateTime& out);
 

@@ -17,7 +17,9 @@ std::string Right(std::string_view text, std::size_t length);
 // Position of find in text, looking from position start; 0 when it is not there, when start is 0 or past
 // the end. An empty find is found at start.
 std::size_t InStr(std::size_t start, std::string_view text, std::string_view find);
-inline std::size_t InStr(std::string_view text, std::string_view find) { return InStr(1, text, find); }
+inline std::size_t InStr(std::string_view text, std::string_view find) {
+    return InStr(1, text, find);
+}
 std::string Trim(std::string_view text);
 std::string LTrim(std::string_view text);
 std::string RTrim(std::string_view text);

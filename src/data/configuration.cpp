@@ -71,7 +71,9 @@ std::int16_t file_kind(const std::string& stem, std::string& path) {
     return 0;
 }
 
-const char* ending(std::int16_t kind) { return kind == 1 ? ".accdb" : ".mdb"; }
+const char* ending(std::int16_t kind) {
+    return kind == 1 ? ".accdb" : ".mdb";
+}
 
 std::string config_connection_text(const std::string& path) {
     const char* provider = 実行環境.設定DB種別 == 1 ? "Microsoft.ACE.OLEDB.12.0" : "Microsoft.Jet.OLEDB.4.0";
@@ -88,7 +90,7 @@ void open_with_settings(ado::Connection& c, const std::string& text) {
 // 設定接続 on the folder that counts; this path carries a semicolon of its own.
 void open_config() {
     open_with_settings(実行環境.設定接続, config_connection_text(実行環境.設定フォルダ + "\\usrcnfg" +
-                                                              ending(実行環境.設定DB種別) + ";"));
+                                                                 ending(実行環境.設定DB種別) + ";"));
     実行環境.設定接続中 = true;
 }
 
@@ -184,7 +186,8 @@ bool 環境定義読込() {
 
 bool 主DB接続() {
     RunContext& r = 実行環境;
-    std::string text = "Provider=" + r.プロバイダ名 + ";User ID=" + r.ユーザーID + ";Password=" + r.パスワード + ";Data Source=";
+    std::string text = "Provider=" + r.プロバイダ名 + ";User ID=" + r.ユーザーID +
+                       ";Password=" + r.パスワード + ";Data Source=";
     try {
         if (r.db == "A") {
             r.データベースパス = Trim(r.データソース名);

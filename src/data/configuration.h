@@ -4,8 +4,8 @@
 
 namespace kalvane {
 
-// Folders, the configuration connection, データベース定義 and 動作環境定義 into the run context. False when no
-// installation or no configuration database was found, or it cannot be opened (a box tells). A failure
+// Folders, the configuration connection, データベース定義 and 動作環境定義 into the run context. False when
+// no installation or no configuration database was found, or it cannot be opened (a box tells). A failure
 // behind the first opening rises to the caller.
 bool 環境定義読込();
 // Opens 主接続 by the kind in db. With an unknown kind nothing is opened and the result is true all the

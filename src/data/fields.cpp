@@ -19,6 +19,8 @@ std::string shaped(std::string text, bool trim, std::size_t first) {
     return first ? Left(text, first) : text;
 }
 
-std::string text_of(const ado::Recordset& rs, std::string_view column) { return rs.Fields(column).text(); }
+std::string text_of(const ado::Recordset& rs, std::string_view column) {
+    return rs.Fields(column).text();
+}
 
 }  // namespace kalvane

@@ -19,8 +19,12 @@ bool tried(Work work) {
 
 }  // namespace
 
-bool ファイル存在確認(const std::string& path) { return os::FileExists(path); }
-bool フォルダ存在確認(const std::string& path) { return os::FolderExists(path); }
+bool ファイル存在確認(const std::string& path) {
+    return os::FileExists(path);
+}
+bool フォルダ存在確認(const std::string& path) {
+    return os::FolderExists(path);
+}
 bool ファイル複写(const std::string& source, const std::string& target) {
     return tried([&] { os::CopyFile(source, target, true); });
 }

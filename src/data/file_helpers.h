@@ -6,9 +6,9 @@ namespace kalvane {
 
 bool ファイル存在確認(const std::string& path);
 bool フォルダ存在確認(const std::string& path);
-bool ファイル複写(const std::string& source, const std::string& target);    // overwrites; any error gives false
-bool フォルダ複写(const std::string& source, const std::string& target);    // overwrites; any error gives false
-bool フォルダ削除(const std::string& path);                             // forced; any error gives false
+bool ファイル複写(const std::string& source, const std::string& target);  // overwrites; any error gives false
+bool フォルダ複写(const std::string& source, const std::string& target);  // overwrites; any error gives false
+bool フォルダ削除(const std::string& path);                               // forced; any error gives false
 // Creates all folders of a file's path; the last part is the file's name. An error shows the box
 // "DIREXISTCHK ERROR" with its number and text, and the work goes on.
 void フォルダ作成(const std::string& file_path);

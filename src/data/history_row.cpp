@@ -10,12 +10,15 @@ namespace kalvane {
 bool history_row(std::string_view doubled_text) {
     const std::string now = 現在日時();
     実行環境.proccounter += 1;
-    std::string sql = "INSERT INTO プログラム稼動履歴 (実行日付,プログラムID,proccounter,摘要,運用事業所コード,起動担当者コード,ユーザID)VALUES (";
+    std::string sql =
+        "INSERT INTO プログラム稼動履歴 "
+        "(実行日付,プログラムID,proccounter,摘要,運用事業所コード,起動担当者コード,ユーザID)VALUES (";
     sql += "'" + now + "', '" + プログラムID + "', '";
     sql += Format(static_cast<std::int64_t>(実行環境.proccounter), "000000000000");
     sql += "', '";
     sql += doubled_text;
-    sql += "', '" + 実行環境.運用事業所コード + "', '" + 実行環境.起動担当者コード + "', '" + 実行環境.ユーザID + "')";
+    sql += "', '" + 実行環境.運用事業所コード + "', '" + 実行環境.起動担当者コード + "', '" +
+           実行環境.ユーザID + "')";
     try {
         実行環境.設定接続.Execute(sql);
         return true;
@@ -29,6 +32,8 @@ void 稼動履歴出力記録(const std::string& sql) {
     history_row("出力終了 " + 引用符二重化(sql));
 }
 
-void 稼動履歴エラー記録(const std::string& text) { history_row("エラー " + 引用符二重化(text)); }
+void 稼動履歴エラー記録(const std::string& text) {
+    history_row("エラー " + 引用符二重化(text));
+}
 
 }  // namespace kalvane

@@ -16,6 +16,7 @@ struct ClipboardSource {
     std::string 伝票事業所コード, 伝票番号基準日付, 伝票No, 伝票付加情報;
 };
 // The newest clipboard row of a program and a number series, older than now; false when there is none.
-bool クリップボード検索(const std::string& 貼付プログラムID, const std::string& 伝票番号ID, ClipboardSource& out);
+bool クリップボード検索(const std::string& 貼付プログラムID, const std::string& 伝票番号ID,
+                        ClipboardSource& out);
 
 }  // namespace kalvane

@@ -7,7 +7,9 @@
 namespace kalvane {
 namespace {
 
-bool is_config(const ado::Connection& c) { return &c == &実行環境.設定接続; }
+bool is_config(const ado::Connection& c) {
+    return &c == &実行環境.設定接続;
+}
 
 // A failing history row must not call itself for ever.
 void log_failure(const ado::Connection& c, const std::string& sql, const ado::Error& e) {
@@ -41,11 +43,23 @@ bool run(ado::Connection& c, const std::string& sql, bool log) {
 
 }  // namespace
 
-bool 主DB読込(ado::Recordset& out, const std::string& sql, bool log) { return read(実行環境.主接続, out, sql, log); }
-bool 設定DB読込(ado::Recordset& out, const std::string& sql) { return read(実行環境.設定接続, out, sql, false); }
-bool 設定DB参照(ado::Recordset& out, const std::string& sql) { return read(実行環境.設定接続, out, sql, false); }
-bool 主DB実行(const std::string& sql, bool log) { return run(実行環境.主接続, sql, log); }
-bool 設定DB実行(const std::string& sql) { return run(実行環境.設定接続, sql, false); }
-bool 設定DB実行記録(const std::string& sql) { return run(実行環境.設定接続, sql, true); }
+bool 主DB読込(ado::Recordset& out, const std::string& sql, bool log) {
+    return read(実行環境.主接続, out, sql, log);
+}
+bool 設定DB読込(ado::Recordset& out, const std::string& sql) {
+    return read(実行環境.設定接続, out, sql, false);
+}
+bool 設定DB参照(ado::Recordset& out, const std::string& sql) {
+    return read(実行環境.設定接続, out, sql, false);
+}
+bool 主DB実行(const std::string& sql, bool log) {
+    return run(実行環境.主接続, sql, log);
+}
+bool 設定DB実行(const std::string& sql) {
+    return run(実行環境.設定接続, sql, false);
+}
+bool 設定DB実行記録(const std::string& sql) {
+    return run(実行環境.設定接続, sql, true);
+}
 
 }  // namespace kalvane

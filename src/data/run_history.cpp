@@ -11,19 +11,20 @@ namespace kalvane {
 namespace {
 
 void usage_row(const std::string& column) {
-    const std::string seat =
-        " WHERE コンピュータID = '" + 実行環境.コンピュータID + "' AND ユーザID = '" + 実行環境.ユーザID + "'";
+    const std::string seat = " WHERE コンピュータID = '" + 実行環境.コンピュータID + "' AND ユーザID = '" +
+                             実行環境.ユーザID + "'";
     ado::Recordset rs;
     const bool found = 主DB読込(rs, "SELECT * FROM 使用状況" + seat);
     rs.Close();
     const std::string now = 現在日時();
     const bool start = column == "開始日時";
     if (found)
-        主DB実行("UPDATE 使用状況 SET プログラムID = '" + std::string(プログラムID) + "', " + column + " = '" + now + "'" + seat);
+        主DB実行("UPDATE 使用状況 SET プログラムID = '" + std::string(プログラムID) + "', " + column +
+                 " = '" + now + "'" + seat);
     else
         主DB実行("INSERT INTO 使用状況 (コンピュータID,ユーザID,プログラムID,開始日時,終了日時)VALUES ('" +
-             実行環境.コンピュータID + "', '" + 実行環境.ユーザID + "', '" + プログラムID + "', '" + (start ? now : "") +
-             "', '" + (start ? "" : now) + "')");
+                 実行環境.コンピュータID + "', '" + 実行環境.ユーザID + "', '" + プログラムID + "', '" +
+                 (start ? now : "") + "', '" + (start ? "" : now) + "')");
 }
 
 struct Retention {
@@ -57,11 +58,16 @@ void 稼動履歴終了記録() {
     if (history_row("終了")) 使用終了記録();
 }
 
-void 使用開始記録() { usage_row("開始日時"); }
-void 使用終了記録() { usage_row("終了日時"); }
+void 使用開始記録() {
+    usage_row("開始日時");
+}
+void 使用終了記録() {
+    usage_row("終了日時");
+}
 
 void 使用状況整理() {
-    主DB実行("DELETE FROM 使用状況 WHERE 終了日時 < '" + date_text(shift_months(os::today(), -1)) + "' AND 終了日時 <> ''");
+    主DB実行("DELETE FROM 使用状況 WHERE 終了日時 < '" + date_text(shift_months(os::today(), -1)) +
+             "' AND 終了日時 <> ''");
 }
 
 void 履歴整理() {

@@ -25,9 +25,15 @@ std::string 引用符二重化(std::string_view text) {
     return out;
 }
 
-std::string ゼロ文字列(int n) { return n < 1 ? std::string() : std::string(static_cast<std::size_t>(n), '0'); }
+std::string ゼロ文字列(int n) {
+    return n < 1 ? std::string() : std::string(static_cast<std::size_t>(n), '0');
+}
 
-std::string 現在日時() { return date_time_text(os::now()); }
-std::string 現在日付() { return date_text(os::today()); }
+std::string 現在日時() {
+    return date_time_text(os::now());
+}
+std::string 現在日付() {
+    return date_text(os::today());
+}
 
 }  // namespace kalvane

@@ -2,6 +2,8 @@
 
 namespace kalvane {
 
-bool Access信頼設定() { return false; }
+bool Access信頼設定() {
+    return false;
+}
 
 }  // namespace kalvane

@@ -14,6 +14,8 @@ void お待ち表示() {
     pump(Pump::paint);
 }
 
-void お待ち終了() { unload_form(msgお待ち); }
+void お待ち終了() {
+    unload_form(msgお待ち);
+}
 
 }  // namespace kalvane

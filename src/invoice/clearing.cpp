@@ -10,21 +10,25 @@ namespace kalvane {
 namespace {
 
 constexpr std::string HeaderRecord::*kept_texts[] = {
-    &HeaderRecord::営業請求日付, &HeaderRecord::営業請求日付年, &HeaderRecord::営業請求日付月, &HeaderRecord::営業請求日付日,
-    &HeaderRecord::請求伝票備考A, &HeaderRecord::請求伝票備考B, &HeaderRecord::登録情報区分, &HeaderRecord::登録結果文言,
+    &HeaderRecord::営業請求日付,   &HeaderRecord::営業請求日付年, &HeaderRecord::営業請求日付月,
+    &HeaderRecord::営業請求日付日, &HeaderRecord::請求伝票備考A,  &HeaderRecord::請求伝票備考B,
+    &HeaderRecord::登録情報区分,   &HeaderRecord::登録結果文言,
 };
 // The customer's rounding lives on until a customer or a source is read.
 constexpr std::int16_t HeaderRecord::*kept_digits[] = {
-    &HeaderRecord::得意先消費税丸め方法, &HeaderRecord::得意先消費税丸め桁位置, &HeaderRecord::得意先消費税端数調整区分,
+    &HeaderRecord::得意先消費税丸め方法,
+    &HeaderRecord::得意先消費税丸め桁位置,
+    &HeaderRecord::得意先消費税端数調整区分,
     &HeaderRecord::登録結果区分,
 };
 constexpr 通貨 HeaderRecord::*totals[] = {
-    &HeaderRecord::請求数量合計,   &HeaderRecord::請求金額合計,   &HeaderRecord::税抜請求金額合計, &HeaderRecord::請求消費税合計,
-    &HeaderRecord::税込請求金額合計, &HeaderRecord::仕入数量合計,   &HeaderRecord::仕入金額合計,   &HeaderRecord::税抜仕入金額合計,
-    &HeaderRecord::仕入消費税合計,  &HeaderRecord::税込仕入金額合計, &HeaderRecord::計算消費税合計,  &HeaderRecord::売上課税外税額,
-    &HeaderRecord::売上課税内税額,  &HeaderRecord::売上旧税外税額,  &HeaderRecord::売上旧税内税額,  &HeaderRecord::売上非課税額,
-    &HeaderRecord::仕入課税外税額,  &HeaderRecord::仕入課税内税額,  &HeaderRecord::仕入旧税外税額,  &HeaderRecord::仕入旧税内税額,
-    &HeaderRecord::仕入非課税額,
+    &HeaderRecord::請求数量合計,     &HeaderRecord::請求金額合計,     &HeaderRecord::税抜請求金額合計,
+    &HeaderRecord::請求消費税合計,   &HeaderRecord::税込請求金額合計, &HeaderRecord::仕入数量合計,
+    &HeaderRecord::仕入金額合計,     &HeaderRecord::税抜仕入金額合計, &HeaderRecord::仕入消費税合計,
+    &HeaderRecord::税込仕入金額合計, &HeaderRecord::計算消費税合計,   &HeaderRecord::売上課税外税額,
+    &HeaderRecord::売上課税内税額,   &HeaderRecord::売上旧税外税額,   &HeaderRecord::売上旧税内税額,
+    &HeaderRecord::売上非課税額,     &HeaderRecord::仕入課税外税額,   &HeaderRecord::仕入課税内税額,
+    &HeaderRecord::仕入旧税外税額,   &HeaderRecord::仕入旧税内税額,   &HeaderRecord::仕入非課税額,
 };
 
 HeaderRecord cleared(const HeaderRecord& old) {
@@ -73,8 +77,8 @@ void 明細初期化(int i) {
 
 void 明細固有項目初期化(int i) {
     LineRecord& l = 請求明細行[i];
-    for (auto m : {&LineRecord::営業請求固有行No, &LineRecord::承認日付, &LineRecord::承認者コード, &LineRecord::登録日付,
-                   &LineRecord::更新日付, &LineRecord::仕入先対応先コード})
+    for (auto m : {&LineRecord::営業請求固有行No, &LineRecord::承認日付, &LineRecord::承認者コード,
+                   &LineRecord::登録日付, &LineRecord::更新日付, &LineRecord::仕入先対応先コード})
         (l.*m).clear();
     l.承認区分.assign(1, '0');
 }

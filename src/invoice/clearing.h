@@ -9,7 +9,7 @@ void 文書初期化();  // leaves 仕入数量合計, which gets its value from
 // A new document with the date of the last one (today's at first), its base date and a preview of its number.
 void 新規項目クリア();
 void 明細全クリア();  // lines 0 to 997 and the screen position; line 998 keeps what it holds
-void 合計クリア();   // remarks and totals
+void 合計クリア();    // remarks and totals
 void 明細初期化(int i);
 // What identifies a saved line and must not travel with a copy.
 void 明細固有項目初期化(int i);

@@ -17,21 +17,21 @@ namespace kalvane {
 
 // How a value stands in a statement.
 enum class ColumnKind {
-    key,                // a part of the document key, from the run context; quoted
-    text,               // quoted as it is: codes, numbers, dates
-    name,               // quoted, its quotes doubled and trailing blanks cut: free text
-    head_text,          // a line's copy of a header text; quoted
-    digit,              // 16-bit integer, quoted
-    number_text,        // 16-bit integer without a format, quoted
-    money,              // whole units, bare
-    quantity_sale,      // bare, with the decimals of the company's settings
+    key,            // a part of the document key, from the run context; quoted
+    text,           // quoted as it is: codes, numbers, dates
+    name,           // quoted, its quotes doubled and trailing blanks cut: free text
+    head_text,      // a line's copy of a header text; quoted
+    digit,          // 16-bit integer, quoted
+    number_text,    // 16-bit integer without a format, quoted
+    money,          // whole units, bare
+    quantity_sale,  // bare, with the decimals of the company's settings
     quantity_purchase,
     price_sale,
     price_purchase,
-    stamp,              // logon name, operator and computer; quoted
-    now,                // date-time of the statement; quoted
-    history_number,     // history tables only
-    red_black,          // history tables only
+    stamp,           // logon name, operator and computer; quoted
+    now,             // date-time of the statement; quoted
+    history_number,  // history tables only
+    red_black,       // history tables only
 };
 
 template <class Record>
@@ -61,8 +61,12 @@ inline constexpr std::array<HeaderColumn, 61> header_columns{{
     {.name = "営業納品事業所コード", .kind = ColumnKind::text, .text = &HeaderRecord::営業納品事業所コード},
     {.name = "営業納品番号基準日付", .kind = ColumnKind::text, .text = &HeaderRecord::営業納品番号基準日付},
     {.name = "営業納品No", .kind = ColumnKind::text, .text = &HeaderRecord::営業納品No},
-    {.name = "参照営業請求事業所コード", .kind = ColumnKind::text, .text = &HeaderRecord::参照営業請求事業所コード},
-    {.name = "参照営業請求番号基準日付", .kind = ColumnKind::text, .text = &HeaderRecord::参照営業請求番号基準日付},
+    {.name = "参照営業請求事業所コード",
+     .kind = ColumnKind::text,
+     .text = &HeaderRecord::参照営業請求事業所コード},
+    {.name = "参照営業請求番号基準日付",
+     .kind = ColumnKind::text,
+     .text = &HeaderRecord::参照営業請求番号基準日付},
     {.name = "参照営業請求No", .kind = ColumnKind::text, .text = &HeaderRecord::参照営業請求No},
     {.name = "営業請求日付", .kind = ColumnKind::text, .text = &HeaderRecord::営業請求日付},
     {.name = "得意先コード", .kind = ColumnKind::text, .text = &HeaderRecord::得意先コード},
@@ -95,8 +99,12 @@ inline constexpr std::array<HeaderColumn, 61> header_columns{{
     {.name = "得意先消費税区分", .kind = ColumnKind::digit, .digit = &HeaderRecord::得意先消費税区分},
     {.name = "得意先消費税算出区分", .kind = ColumnKind::digit, .digit = &HeaderRecord::得意先消費税算出区分},
     {.name = "得意先消費税丸め方法", .kind = ColumnKind::digit, .digit = &HeaderRecord::得意先消費税丸め方法},
-    {.name = "得意先消費税丸め桁位置", .kind = ColumnKind::digit, .digit = &HeaderRecord::得意先消費税丸め桁位置},
-    {.name = "得意先消費税端数調整区分", .kind = ColumnKind::digit, .digit = &HeaderRecord::得意先消費税端数調整区分},
+    {.name = "得意先消費税丸め桁位置",
+     .kind = ColumnKind::digit,
+     .digit = &HeaderRecord::得意先消費税丸め桁位置},
+    {.name = "得意先消費税端数調整区分",
+     .kind = ColumnKind::digit,
+     .digit = &HeaderRecord::得意先消費税端数調整区分},
     {.name = "得意先名称入力区分", .kind = ColumnKind::digit, .digit = &HeaderRecord::得意先名称入力区分},
     {.name = "納品先名称入力区分", .kind = ColumnKind::digit, .digit = &HeaderRecord::納品先名称入力区分},
     {.name = "出荷完了区分", .kind = ColumnKind::digit, .digit = &HeaderRecord::出荷完了区分},
@@ -156,8 +164,12 @@ inline constexpr std::array<LineColumn, 61> line_columns{{
     {.name = "仕入先消費税区分", .kind = ColumnKind::digit, .digit = &LineRecord::仕入先消費税区分},
     {.name = "仕入先消費税算出区分", .kind = ColumnKind::digit, .digit = &LineRecord::仕入先消費税算出区分},
     {.name = "仕入先消費税丸め方法", .kind = ColumnKind::digit, .digit = &LineRecord::仕入先消費税丸め方法},
-    {.name = "仕入先消費税丸め桁位置", .kind = ColumnKind::digit, .digit = &LineRecord::仕入先消費税丸め桁位置},
-    {.name = "仕入先消費税端数調整区分", .kind = ColumnKind::digit, .digit = &LineRecord::仕入先消費税端数調整区分},
+    {.name = "仕入先消費税丸め桁位置",
+     .kind = ColumnKind::digit,
+     .digit = &LineRecord::仕入先消費税丸め桁位置},
+    {.name = "仕入先消費税端数調整区分",
+     .kind = ColumnKind::digit,
+     .digit = &LineRecord::仕入先消費税端数調整区分},
     {.name = "仕入先名称入力区分", .kind = ColumnKind::digit, .digit = &LineRecord::仕入先名称入力区分},
     {.name = "出荷数量", .kind = ColumnKind::quantity_sale, .money = &LineRecord::出荷数量},
     {.name = "税抜出荷金額", .kind = ColumnKind::money, .money = &LineRecord::税抜出荷金額},

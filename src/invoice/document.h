@@ -163,7 +163,7 @@ struct LineRecord {
     std::string 登録日付;
     std::string 更新日付;
 
-    std::int16_t 複写区分 = 0;      // mark for the operations on designated lines
+    std::int16_t 複写区分 = 0;       // mark for the operations on designated lines
     std::string 仕入先対応先コード;  // prospect supplier brought by a source line
 };
 

@@ -58,7 +58,8 @@ void 営業請求日付確定() {
 bool 登録可能日付確認() {
     const DateWindow open = 登録可能期間(現在日付());
     const auto inside = [&](const std::string& date) { return open.low <= date && date <= open.high; };
-    if (inside(請求ヘッダ.営業請求日付) && (実行環境.新規入力中 || inside(請求ヘッダ.旧営業請求日付))) return true;
+    if (inside(請求ヘッダ.営業請求日付) && (実行環境.新規入力中 || inside(請求ヘッダ.旧営業請求日付)))
+        return true;
     return 実行環境.アクセス権限 == 6;
 }
 

@@ -36,11 +36,16 @@ const std::string& line_head(bool history) {
 
 const char* number_pattern(ColumnKind kind) {
     switch (kind) {
-        case ColumnKind::quantity_sale: return 数値SQL書式(実行環境.売上数量少数以下桁数);
-        case ColumnKind::price_sale: return 数値SQL書式(実行環境.売上単価少数以下桁数);
-        case ColumnKind::quantity_purchase: return 数値SQL書式(実行環境.仕入数量少数以下桁数);
-        case ColumnKind::price_purchase: return 数値SQL書式(実行環境.仕入単価少数以下桁数);
-        default: return "##########0";
+        case ColumnKind::quantity_sale:
+            return 数値SQL書式(実行環境.売上数量少数以下桁数);
+        case ColumnKind::price_sale:
+            return 数値SQL書式(実行環境.売上単価少数以下桁数);
+        case ColumnKind::quantity_purchase:
+            return 数値SQL書式(実行環境.仕入数量少数以下桁数);
+        case ColumnKind::price_purchase:
+            return 数値SQL書式(実行環境.仕入単価少数以下桁数);
+        default:
+            return "##########0";
     }
 }
 
@@ -65,15 +70,30 @@ void append_name(std::string& sql, std::string_view text) {
 template <class Record>
 void append_value(std::string& sql, const Column<Record>& c, const Record& record, const std::string& now) {
     switch (c.kind) {
-        case ColumnKind::key: append_quoted(sql, 実行環境.*c.key); break;
-        case ColumnKind::head_text: append_quoted(sql, 請求ヘッダ.*c.head); break;
-        case ColumnKind::text: append_quoted(sql, record.*c.text); break;
-        case ColumnKind::name: append_name(sql, record.*c.text); break;
+        case ColumnKind::key:
+            append_quoted(sql, 実行環境.*c.key);
+            break;
+        case ColumnKind::head_text:
+            append_quoted(sql, 請求ヘッダ.*c.head);
+            break;
+        case ColumnKind::text:
+            append_quoted(sql, record.*c.text);
+            break;
+        case ColumnKind::name:
+            append_name(sql, record.*c.text);
+            break;
         case ColumnKind::digit:
-        case ColumnKind::number_text: append_digit(sql, record.*c.digit); break;
-        case ColumnKind::stamp: append_quoted(sql, 更新者()); break;
-        case ColumnKind::now: append_quoted(sql, now); break;
-        default: append_format(sql, record.*c.money, number_pattern(c.kind));
+        case ColumnKind::number_text:
+            append_digit(sql, record.*c.digit);
+            break;
+        case ColumnKind::stamp:
+            append_quoted(sql, 更新者());
+            break;
+        case ColumnKind::now:
+            append_quoted(sql, now);
+            break;
+        default:
+            append_format(sql, record.*c.money, number_pattern(c.kind));
     }
 }
 
@@ -96,7 +116,8 @@ void append_mark(std::string& sql, const HistoryMark& mark) {
 
 // Values of all columns in order; the mark of a history row stands where its columns do.
 template <class Columns, class Append>
-std::string statement(const std::string& head, const Columns& columns, const HistoryMark* mark, Append append) {
+std::string statement(const std::string& head, const Columns& columns, const HistoryMark* mark,
+                      Append append) {
     std::string sql;
     sql.reserve(head.size() + 1024);
     sql = head;
@@ -110,12 +131,15 @@ std::string statement(const std::string& head, const Columns& columns, const His
 
 }  // namespace
 
-std::string 更新者() { return 実行環境.ユーザID + 実行環境.起動担当者コード + 実行環境.コンピュータID; }
+std::string 更新者() {
+    return 実行環境.ユーザID + 実行環境.起動担当者コード + 実行環境.コンピュータID;
+}
 
 std::string header_insert(const HistoryMark* history) {
-    return statement(header_head(history != nullptr), header_columns, history, [](std::string& sql, const HeaderColumn& c) {
-        append_value(sql, c, 請求ヘッダ, 請求ヘッダ.登録日付);
-    });
+    return statement(header_head(history != nullptr), header_columns, history,
+                     [](std::string& sql, const HeaderColumn& c) {
+                         append_value(sql, c, 請求ヘッダ, 請求ヘッダ.登録日付);
+                     });
 }
 
 std::string line_insert(int i, const std::string& now, const HistoryMark* history) {
@@ -125,9 +149,9 @@ std::string line_insert(int i, const std::string& now, const HistoryMark* histor
 }
 
 std::string header_copy(const ado::Recordset& row, const HistoryMark& history) {
-    return statement(header_head(true), header_columns, &history, [&](std::string& sql, const HeaderColumn& c) {
-        append_copy(sql, c, row.Fields(c.name));
-    });
+    return statement(
+        header_head(true), header_columns, &history,
+        [&](std::string& sql, const HeaderColumn& c) { append_copy(sql, c, row.Fields(c.name)); });
 }
 
 std::string line_copy(const ado::Recordset& row, const HistoryMark& history, const std::string& now) {

@@ -16,8 +16,12 @@
 namespace kalvane {
 namespace {
 
-EntryScreen& screen() { return frmKalvaneInvoiceEntry; }
-bool guarded() { return 実行環境.連携待ち中 || 実行環境.処理中; }
+EntryScreen& screen() {
+    return frmKalvaneInvoiceEntry;
+}
+bool guarded() {
+    return 実行環境.連携待ち中 || 実行環境.処理中;
+}
 
 // --- fields
 void got_focus(Control& c) {
@@ -122,14 +126,13 @@ void flip_suppliers() {
     明細画面表示();
     離脱項目移動();
 }
-void close_screen() { unload_form(screen()); }
+void close_screen() {
+    unload_form(screen());
+}
 constexpr ButtonAction button_actions[] = {
-    {&EntryScreen::btn_登録, 登録要求},
-    {&EntryScreen::btn_削除, 削除処理},
-    {&EntryScreen::btn_前No, 前No表示},
-    {&EntryScreen::btn_次No, 次No表示},
-    {&EntryScreen::btn_画面クリア, 画面クリア},
-    {&EntryScreen::btn_仕入先表示, flip_suppliers},
+    {&EntryScreen::btn_登録, 登録要求},         {&EntryScreen::btn_削除, 削除処理},
+    {&EntryScreen::btn_前No, 前No表示},         {&EntryScreen::btn_次No, 次No表示},
+    {&EntryScreen::btn_画面クリア, 画面クリア}, {&EntryScreen::btn_仕入先表示, flip_suppliers},
     {&EntryScreen::btn_終了, close_screen},
 };
 void frame_button(Control& c) {
@@ -146,9 +149,15 @@ void page_turned(Control& c) {
     if (guarded()) return;
     switch (c.number) {
         case 0:
-        case 1: フォーカス設定(first_row_field(実行環境.現在画面行, c.number)); break;
-        case 2: フォーカス設定(screen().営業請求メモ); break;
-        default: フォーカス設定(c); break;  // the strip itself; what had the focus is hidden now
+        case 1:
+            フォーカス設定(first_row_field(実行環境.現在画面行, c.number));
+            break;
+        case 2:
+            フォーカス設定(screen().営業請求メモ);
+            break;
+        default:
+            フォーカス設定(c);
+            break;  // the strip itself; what had the focus is hidden now
     }
 }
 
@@ -166,8 +175,8 @@ void wire_field(Control& c, const ScreenField& f) {
     if (f.store == Store::head_digit || f.store == Store::line_kind || f.store == Store::line_check ||
         f.store == Store::head_check)
         c.Change = code_changed;
-    const bool may_list = f.store == Store::head_code || f.store == Store::line_code || f.store == Store::head_text ||
-                          f.store == Store::line_text;
+    const bool may_list = f.store == Store::head_code || f.store == Store::line_code ||
+                          f.store == Store::head_text || f.store == Store::line_text;
     if (may_list && f.kind == ControlKind::xField) {
         c.DropDown = open_list;
         c.DblClick = open_list;

@@ -11,8 +11,12 @@
 namespace kalvane {
 namespace {
 
-EntryScreen& screen() { return frmKalvaneInvoiceEntry; }
-LineRecord& current_line() { return 請求明細行[実行環境.現在行]; }
+EntryScreen& screen() {
+    return frmKalvaneInvoiceEntry;
+}
+LineRecord& current_line() {
+    return 請求明細行[実行環境.現在行];
+}
 
 void show_current_row() {
     明細行表示(実行環境.現在行, 実行環境.現在画面行);
@@ -28,13 +32,14 @@ void finish() {
 struct HeadCode {
     Control EntryScreen::*field;
     bool (*decide)(const std::string&);
+    bool loads = false;  // a document, by its number
 };
 constexpr HeadCode head_codes[] = {
-    {&EntryScreen::営業請求No, 営業請求No変更},
-    {&EntryScreen::営業見積No, 営業見積No変更},
-    {&EntryScreen::顧客注文No, 顧客注文No変更},
-    {&EntryScreen::営業納品No, 営業納品No変更},
-    {&EntryScreen::参照営業請求No, 参照営業請求No変更},
+    {&EntryScreen::営業請求No, 営業請求No変更, true},
+    {&EntryScreen::営業見積No, 営業見積No変更, true},
+    {&EntryScreen::顧客注文No, 顧客注文No変更, true},
+    {&EntryScreen::営業納品No, 営業納品No変更, true},
+    {&EntryScreen::参照営業請求No, 参照営業請求No変更, true},
     {&EntryScreen::得意先コード, 得意先コード変更},
     {&EntryScreen::得意先御担当者コード, 得意先御担当者コード変更},
     {&EntryScreen::担当者コード, 担当者コード変更},
@@ -56,7 +61,8 @@ void leave_head_code(Control& c, const ScreenField& f) {
     for (const HeadCode& h : head_codes) {
         if (&(screen().*h.field) != &c) continue;
         bool changed = false;
-        読込表示([&] { changed = h.decide(text); });
+        const auto decide = [&] { changed = h.decide(text); };
+        h.loads ? 読込表示(decide) : decide();
         if (!changed) return;
         画面再表示();
         案内表示();
@@ -66,14 +72,17 @@ void leave_head_code(Control& c, const ScreenField& f) {
 
 void leave_line_code(Control& c, const ScreenField& f) {
     const std::string text = masked(c, f);
-    const bool changed = f.line_text == &LineRecord::商品コード ? 商品コード変更(text) : 仕入先コード変更(text);
+    const bool changed =
+        f.line_text == &LineRecord::商品コード ? 商品コード変更(text) : 仕入先コード変更(text);
     if (!changed) return;
     show_current_row();
     finish();
 }
 
 // --- texts
-std::string cut(const std::string& text, int limit) { return limit > 0 ? 文字数切詰(text, limit) : text; }
+std::string cut(const std::string& text, int limit) {
+    return limit > 0 ? 文字数切詰(text, limit) : text;
+}
 
 void leave_head_text(Control& c, const ScreenField& f) {
     std::string& member = 請求ヘッダ.*f.head_text;
@@ -111,13 +120,16 @@ void leave_date_part(Control& c, const ScreenField& f) {
 }
 
 // --- figures of a line: the recalculations that each starts, in order
-void purchase_quantity_follows(int i) { 請求明細行[i].仕入数量 = 請求明細行[i].請求数量; }
+void purchase_quantity_follows(int i) {
+    請求明細行[i].仕入数量 = 請求明細行[i].請求数量;
+}
 struct FigureSteps {
     通貨 LineRecord::*figure;
     void (*steps[5])(int);
 };
 constexpr FigureSteps figure_steps[] = {
-    {&LineRecord::請求数量, {purchase_quantity_follows, 請求金額計算, 請求消費税計算, 仕入金額計算, 仕入消費税計算}},
+    {&LineRecord::請求数量,
+     {purchase_quantity_follows, 請求金額計算, 請求消費税計算, 仕入金額計算, 仕入消費税計算}},
     {&LineRecord::請求単価, {請求単価入力, 請求金額計算, 請求消費税計算}},
     {&LineRecord::請求金額, {請求消費税計算}},
     {&LineRecord::請求消費税, {}},
@@ -127,7 +139,8 @@ constexpr FigureSteps figure_steps[] = {
     {&LineRecord::仕入消費税, {}},
 };
 
-// With 消費税表示区分 0 the tax fields show 0 while the line keeps its tax; leaving one untouched stores nothing.
+// With 消費税表示区分 0 the tax fields show 0 while the line keeps its tax; leaving one untouched stores
+// nothing.
 bool shows_no_tax(const ScreenField& f) {
     return 請求ヘッダ.消費税表示区分 == 0 &&
            (f.line_money == &LineRecord::請求消費税 || f.line_money == &LineRecord::仕入消費税);
@@ -165,7 +178,9 @@ void change_head_digit(Control& c, const ScreenField& f) {
     if (code == member || !in_list(code, f.base, combo)) return;
     member = static_cast<std::int16_t>(code);
     実行環境.入力変更あり = true;
-    if (f.head_digit == &HeaderRecord::得意先消費税算出区分 || f.head_digit == &HeaderRecord::得意先消費税区分) 全行税再計算();
+    if (f.head_digit == &HeaderRecord::得意先消費税算出区分 ||
+        f.head_digit == &HeaderRecord::得意先消費税区分)
+        全行税再計算();
     実行環境.案内メッセージ.clear();
     画面表示();
     finish();
@@ -196,34 +211,62 @@ void change_line_check(const Control& c, const ScreenField& f) {
 }
 
 // The events of a row count only while it is the current one.
-bool of_current_row(const Control& c) { return c.row == 実行環境.現在画面行; }
+bool of_current_row(const Control& c) {
+    return c.row == 実行環境.現在画面行;
+}
 
 }  // namespace
 
 void 項目離脱処理(Control& c, const ScreenField& f) {
     if (f.rows && !of_current_row(c)) return;
     switch (f.store) {
-        case Store::date_part: leave_date_part(c, f); break;
-        case Store::head_code: leave_head_code(c, f); break;
-        case Store::head_text: leave_head_text(c, f); break;
-        case Store::line_code: leave_line_code(c, f); break;
-        case Store::line_text: leave_line_text(c, f); break;
-        case Store::line_figure: leave_line_figure(c, f); break;
+        case Store::date_part:
+            leave_date_part(c, f);
+            break;
+        case Store::head_code:
+            leave_head_code(c, f);
+            break;
+        case Store::head_text:
+            leave_head_text(c, f);
+            break;
+        case Store::line_code:
+            leave_line_code(c, f);
+            break;
+        case Store::line_text:
+            leave_line_text(c, f);
+            break;
+        case Store::line_figure:
+            leave_line_figure(c, f);
+            break;
         // an emptied code goes back to the one held
-        case Store::head_digit: ヘッド画面表示(); break;
-        case Store::line_kind: 明細行表示(実行環境.現在行, 実行環境.現在画面行); break;
-        default: break;
+        case Store::head_digit:
+            ヘッド画面表示();
+            break;
+        case Store::line_kind:
+            明細行表示(実行環境.現在行, 実行環境.現在画面行);
+            break;
+        default:
+            break;
     }
 }
 
 void 区分変更処理(Control& c, const ScreenField& f) {
     if (f.rows && !of_current_row(c)) return;
     switch (f.store) {
-        case Store::head_digit: change_head_digit(c, f); break;
-        case Store::line_kind: change_line_kind(c, f); break;
-        case Store::line_check: change_line_check(c, f); break;
-        case Store::head_check: 請求ヘッダ.KalvaneEnvelopePrint = static_cast<std::int16_t>(c.number); break;
-        default: break;
+        case Store::head_digit:
+            change_head_digit(c, f);
+            break;
+        case Store::line_kind:
+            change_line_kind(c, f);
+            break;
+        case Store::line_check:
+            change_line_check(c, f);
+            break;
+        case Store::head_check:
+            請求ヘッダ.KalvaneEnvelopePrint = static_cast<std::int16_t>(c.number);
+            break;
+        default:
+            break;
     }
 }
 

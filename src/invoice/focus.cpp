@@ -9,8 +9,12 @@
 namespace kalvane {
 namespace {
 
-EntryScreen& screen() { return frmKalvaneInvoiceEntry; }
-bool is(const Control* a, const Control& b) { return a == &b; }
+EntryScreen& screen() {
+    return frmKalvaneInvoiceEntry;
+}
+bool is(const Control* a, const Control& b) {
+    return a == &b;
+}
 
 // Display fields and master names are stepped over; the way depends on the field that was left.
 struct StepOver {
@@ -20,25 +24,32 @@ struct StepOver {
     Control EntryScreen::*after;
 };
 constexpr StepOver step_overs[] = {
-    {&EntryScreen::得意先名称A, &HeaderRecord::得意先名称入力区分, &EntryScreen::得意先コード, &EntryScreen::御担当者名},
-    {&EntryScreen::得意先名称B, &HeaderRecord::得意先名称入力区分, &EntryScreen::得意先コード, &EntryScreen::御担当者名},
+    {&EntryScreen::得意先名称A, &HeaderRecord::得意先名称入力区分, &EntryScreen::得意先コード,
+     &EntryScreen::御担当者名},
+    {&EntryScreen::得意先名称B, &HeaderRecord::得意先名称入力区分, &EntryScreen::得意先コード,
+     &EntryScreen::御担当者名},
     {&EntryScreen::担当者名, nullptr, &EntryScreen::担当者コード, &EntryScreen::納品先コード},
     {&EntryScreen::部門名, nullptr, &EntryScreen::部門コード, &EntryScreen::セクションコード},
     {&EntryScreen::セクション名, nullptr, &EntryScreen::セクションコード, &EntryScreen::納品先コード},
-    {&EntryScreen::納品先名称A, &HeaderRecord::納品先名称入力区分, &EntryScreen::納品先コード, &EntryScreen::タイトル},
-    {&EntryScreen::納品先名称B, &HeaderRecord::納品先名称入力区分, &EntryScreen::納品先コード, &EntryScreen::タイトル},
+    {&EntryScreen::納品先名称A, &HeaderRecord::納品先名称入力区分, &EntryScreen::納品先コード,
+     &EntryScreen::タイトル},
+    {&EntryScreen::納品先名称B, &HeaderRecord::納品先名称入力区分, &EntryScreen::納品先コード,
+     &EntryScreen::タイトル},
 };
 
 Control* ヘッド飛先(const Control& field) {
     for (const StepOver& s : step_overs) {
         if (&field != &(screen().*s.entered)) continue;
         if (s.only_when_zero && 請求ヘッダ.*s.only_when_zero != 0) return nullptr;
-        return is(実行環境.離脱コントロール, screen().*s.before) ? &(screen().*s.after) : &(screen().*s.before);
+        return is(実行環境.離脱コントロール, screen().*s.before) ? &(screen().*s.after)
+                                                                 : &(screen().*s.before);
     }
     return nullptr;
 }
 
-bool arrived(const Control& field) { return is(実行環境.取得コントロール, field); }
+bool arrived(const Control& field) {
+    return is(実行環境.取得コントロール, field);
+}
 
 bool enter_head(Control& field, const ScreenField& f) {
     const int gap = head_gap();
@@ -68,7 +79,9 @@ void make_row_current(int row) {
     if (r.現在行 != line_before || r.最終行 != last_before) ボタン状態更新(false);
 }
 
-bool line_has_gap(int line) { return line >= 0 && line <= 実行環境.最終行 && 請求明細行[line].行区分 == 0; }
+bool line_has_gap(int line) {
+    return line >= 0 && line <= 実行環境.最終行 && 請求明細行[line].行区分 == 0;
+}
 
 bool enter_line(Control& field, const ScreenField& f) {
     if (const int gap = head_gap()) {
@@ -113,10 +126,10 @@ bool enter_tail(Control& field, const ScreenField& f) {
 
 // Last fields of a row from the end, and the one that takes the focus when none has a tab stop.
 constexpr RowControls EntryScreen::*last_fields[2][7] = {
-    {&EntryScreen::請求消費税, &EntryScreen::請求金額, &EntryScreen::請求単価, &EntryScreen::請求単位, &EntryScreen::請求数量,
-     &EntryScreen::商品名, nullptr},
-    {&EntryScreen::仕入消費税, &EntryScreen::仕入金額, &EntryScreen::仕入単価, &EntryScreen::仕入単位, &EntryScreen::仕入数量,
-     &EntryScreen::仕入先名称A, nullptr},
+    {&EntryScreen::請求消費税, &EntryScreen::請求金額, &EntryScreen::請求単価, &EntryScreen::請求単位,
+     &EntryScreen::請求数量, &EntryScreen::商品名, nullptr},
+    {&EntryScreen::仕入消費税, &EntryScreen::仕入金額, &EntryScreen::仕入単価, &EntryScreen::仕入単位,
+     &EntryScreen::仕入数量, &EntryScreen::仕入先名称A, nullptr},
 };
 
 Control& in_row(RowControls EntryScreen::*field, int row) {
@@ -148,15 +161,21 @@ void フォーカス設定(Control& c) {
     set_focus(c);
 }
 
-void ヘッド番号移動(int n) { フォーカス設定(required_head_field(n)); }
-void ヘッド項目移動(Control& field) { フォーカス設定(field); }
+void ヘッド番号移動(int n) {
+    フォーカス設定(required_head_field(n));
+}
+void ヘッド項目移動(Control& field) {
+    フォーカス設定(field);
+}
 void 明細番号移動(int row, int n) {
     フォーカス設定(n == 1 ? in_row(&EntryScreen::行区分, row) : in_row(&EntryScreen::商品コード, row));
 }
 void 明細項目移動(Control& field) {
     フォーカス設定(field.visible ? field : first_row_field(field.row, field.page));
 }
-void テイル項目移動(Control& field) { フォーカス設定(field); }
+void テイル項目移動(Control& field) {
+    フォーカス設定(field);
+}
 
 void 離脱項目移動() {
     Control* left = 実行環境.離脱コントロール;
@@ -183,10 +202,14 @@ bool 入力順序確認(Control& field) {
     const ScreenField* f = field_of(field);
     if (!f) return false;
     switch (f->area) {
-        case Area::head: return enter_head(field, *f);
-        case Area::lines: return enter_line(field, *f);
-        case Area::tail: return enter_tail(field, *f);
-        case Area::none: break;
+        case Area::head:
+            return enter_head(field, *f);
+        case Area::lines:
+            return enter_line(field, *f);
+        case Area::tail:
+            return enter_tail(field, *f);
+        case Area::none:
+            break;
     }
     return false;
 }

@@ -14,8 +14,9 @@
 namespace kalvane {
 namespace {
 
-constexpr std::string HeaderRecord::*date_fields[] = {&HeaderRecord::営業請求日付, &HeaderRecord::営業請求日付年,
-                                                      &HeaderRecord::営業請求日付月, &HeaderRecord::営業請求日付日};
+constexpr std::string HeaderRecord::*date_fields[] = {
+    &HeaderRecord::営業請求日付, &HeaderRecord::営業請求日付年, &HeaderRecord::営業請求日付月,
+    &HeaderRecord::営業請求日付日};
 
 // A half-read document must not stay on the screen; nor its date, which a clear keeps and may stumble over.
 template <class Work>
@@ -70,24 +71,28 @@ bool change_source(SourceKind kind, const std::string& text) {
 }
 
 bool usable(const DocumentKey& key) {
-    return key.No != "00000000" && key.番号基準日付 > "00000000" && !blank(key.事業所コード) && !blank(key.番号基準日付) &&
-           !key.No.empty();
+    return key.No != "00000000" && key.番号基準日付 > "00000000" && !blank(key.事業所コード) &&
+           !blank(key.番号基準日付) && !key.No.empty();
 }
 
 }  // namespace
 
-bool 伝票存在確認(SourceKind kind, const std::string& site, const std::string& base_date, const std::string& number) {
+bool 伝票存在確認(SourceKind kind, const std::string& site, const std::string& base_date,
+                  const std::string& number) {
     const SourceRow& source = source_row(kind);
     const std::string table = source.header_table;
     const bool stored = kind == SourceKind::invoice;
     if (stored) 閲覧記録(プログラムID, site, base_date, number, "");
-    return 主DB読込(実行環境.recordsets.*source.recordset,
-                "SELECT TOP 1 " + table + ".*, M担当者.氏名 AS 担当者名, M部門.名称 AS 部門名, Mセクション.名称 AS セクション名" +
-                    " FROM Mセクション RIGHT JOIN (M部門 RIGHT JOIN (M担当者 RIGHT JOIN " + table + " ON M担当者.コード = " + table +
-                    ".担当者コード) ON M部門.コード = " + table + ".部門コード) ON Mセクション.コード = " + table + ".セクションコード" +
-                    " WHERE " + table + "." + source.number_column + " = '" + number + "'" + " AND " + table + ".事業所コード = '" +
-                    site + "'" + " AND " + table + ".番号基準日付 = '" + base_date + "'",
-                stored);
+    return 主DB読込(
+        実行環境.recordsets.*source.recordset,
+        "SELECT TOP 1 " + table +
+            ".*, M担当者.氏名 AS 担当者名, M部門.名称 AS 部門名, Mセクション.名称 AS セクション名" +
+            " FROM Mセクション RIGHT JOIN (M部門 RIGHT JOIN (M担当者 RIGHT JOIN " + table +
+            " ON M担当者.コード = " + table + ".担当者コード) ON M部門.コード = " + table +
+            ".部門コード) ON Mセクション.コード = " + table + ".セクションコード" + " WHERE " + table + "." +
+            source.number_column + " = '" + number + "'" + " AND " + table + ".事業所コード = '" + site +
+            "'" + " AND " + table + ".番号基準日付 = '" + base_date + "'",
+        stored);
 }
 
 void 伝票ヘッダ読込(SourceKind kind) {
@@ -190,9 +195,17 @@ bool 営業請求No変更(const std::string& text) {
     return true;
 }
 
-bool 営業見積No変更(const std::string& text) { return change_source(SourceKind::quotation, text); }
-bool 顧客注文No変更(const std::string& text) { return change_source(SourceKind::order, text); }
-bool 営業納品No変更(const std::string& text) { return change_source(SourceKind::delivery, text); }
-bool 参照営業請求No変更(const std::string& text) { return change_source(SourceKind::reference, text); }
+bool 営業見積No変更(const std::string& text) {
+    return change_source(SourceKind::quotation, text);
+}
+bool 顧客注文No変更(const std::string& text) {
+    return change_source(SourceKind::order, text);
+}
+bool 営業納品No変更(const std::string& text) {
+    return change_source(SourceKind::delivery, text);
+}
+bool 参照営業請求No変更(const std::string& text) {
+    return change_source(SourceKind::reference, text);
+}
 
 }  // namespace kalvane

@@ -23,7 +23,7 @@ struct MasterColumn {
     通貨 Record::*money = nullptr;
     bool code = false;             // goes unquoted into later statements
     bool only_if_missing = false;  // a text already present is kept
-    std::int16_t ceiling = 32767;
+    std::int16_t ceiling = 0;      // a greater value is held as this one; 0 for none
 };
 using HeadColumn = MasterColumn<HeaderRecord>;
 using RowColumn = MasterColumn<LineRecord>;
@@ -198,8 +198,8 @@ std::string& code_held(const Master& m, int i) {
     return m.head.empty() ? 請求明細行[i].*m.line[0].text : 請求ヘッダ.*m.head[0].text;
 }
 
-// What a code field's keys may put into it, and the blanks of a padded column. Codes go into statements as they are, so one that could not have
-// been typed is not taken from a table either.
+// What a code field's keys may put into it, and the blanks of a padded column. Codes go into statements as
+// they are, so one that could not have been typed is not taken from a table either.
 bool could_be_typed(std::string_view code) {
     return std::ranges::all_of(code, [](char c) {
         return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-' ||
@@ -257,7 +257,10 @@ void read_columns(const Master& m, std::span<const MasterColumn<Record>> columns
             if (c.only_if_missing && (text.empty() || !(record.*c.text).empty())) continue;
             copy(record.*c.text, text, m.tested);
         }
-        if (c.digit) copy(record.*c.digit, v.number() > c.ceiling ? c.ceiling : to_i16(v.number()), m.tested);
+        if (c.digit) {
+            const bool above = c.ceiling != 0 && v.number() > c.ceiling;
+            copy(record.*c.digit, above ? c.ceiling : to_i16(v.number()), m.tested);
+        }
         if (c.money) copy(record.*c.money, v.currency(), m.tested);
     }
 }

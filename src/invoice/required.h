@@ -11,7 +11,7 @@ struct Gap {
     int place = 0;
 };
 Gap 必須項目確認();
-int head_gap();                      // 1 to 8, 0 when the head is complete
+int head_gap();                       // 1 to 8, 0 when the head is complete
 Control& required_head_field(int n);  // 1 to 8
 
 }  // namespace kalvane

@@ -109,7 +109,8 @@ void 登録確認表示(const std::string& title, const std::string& message, st
     set_form_caption(q, title);
     load_form(q);
     set_caption(q.lab_inpmsg, message);
-    set_caption(q.lab_msg, 実行環境.新規入力中 ? "登録します。よろしいですか？" : "修正します。よろしいですか？");
+    set_caption(q.lab_msg,
+                実行環境.新規入力中 ? "登録します。よろしいですか？" : "修正します。よろしいですか？");
     set_fore(q.lab_msg, 実行環境.新規入力中 ? window_text_colour : change_colour);
     show_modal(q);
     result = 実行環境.印刷確認結果;

@@ -19,11 +19,17 @@ constexpr const char* row_gone_words = "既に削除されています。削除�
 
 void set_status(Status status) {
     請求ヘッダ.登録結果区分 = status;
-    請求ヘッダ.登録結果文言 = status == insert_failed ? insert_failed_words : status == row_gone ? row_gone_words : "";
+    請求ヘッダ.登録結果文言 = status == insert_failed ? insert_failed_words
+                              : status == row_gone    ? row_gone_words
+                                                      : "";
 }
 
-void insert(const std::string& sql, bool log = false) { set_status(主DB実行(sql, log) ? written : insert_failed); }
-void erase(const std::string& sql, bool log = false) { set_status(主DB実行(sql, log) ? deleted : row_gone); }
+void insert(const std::string& sql, bool log = false) {
+    set_status(主DB実行(sql, log) ? written : insert_failed);
+}
+void erase(const std::string& sql, bool log = false) {
+    set_status(主DB実行(sql, log) ? deleted : row_gone);
+}
 
 bool has_row(const std::string& sql) {
     ado::Recordset rs;
@@ -33,14 +39,15 @@ bool has_row(const std::string& sql) {
 }
 
 std::string site_and_date() {
-    return " WHERE 事業所コード = '" + 実行環境.事業所コード + "' AND 番号基準日付 = '" + 実行環境.番号基準日付 + "'";
+    return " WHERE 事業所コード = '" + 実行環境.事業所コード + "' AND 番号基準日付 = '" +
+           実行環境.番号基準日付 + "'";
 }
 
 // The old key, its columns qualified or not.
 std::string old_key(const std::string& table) {
     const HeaderRecord& h = 請求ヘッダ;
-    return " WHERE " + table + "事業所コード = '" + h.旧事業所コード + "' AND " + table + "番号基準日付 = '" + h.旧番号基準日付 +
-           "' AND " + table + "営業請求No = '" + h.旧営業請求No + "'";
+    return " WHERE " + table + "事業所コード = '" + h.旧事業所コード + "' AND " + table + "番号基準日付 = '" +
+           h.旧番号基準日付 + "' AND " + table + "営業請求No = '" + h.旧営業請求No + "'";
 }
 
 void begin_run(const char* kind) {
@@ -98,9 +105,9 @@ bool 営業請求No確定() {
         return has_row(select + site_and_date() + " AND 営業請求No = '" + number + "'");
     };
     if (!次番号参照(請求番号ID, 実行環境.番号基準日付, 実行環境.事業所コード).empty()) {
-        実行環境.営業請求No =
-            空き番号([] { return 番号採番(請求番号ID, 実行環境.番号基準日付, 実行環境.事業所コード); },
-                        [&](const std::string& n) { return taken("SELECT TOP 1 営業請求No FROM T営業請求", n); });
+        実行環境.営業請求No = 空き番号(
+            [] { return 番号採番(請求番号ID, 実行環境.番号基準日付, 実行環境.事業所コード); },
+            [&](const std::string& n) { return taken("SELECT TOP 1 営業請求No FROM T営業請求", n); });
         return true;
     }
     if (!taken("SELECT  TOP 1 営業請求No FROM T営業請求", 実行環境.営業請求No)) return true;
@@ -110,10 +117,10 @@ bool 営業請求No確定() {
 
 std::string 営業請求履歴No採番() {
     return 空き番号([] { return 履歴番号採番(請求番号ID, 実行環境.番号基準日付, 実行環境.事業所コード); },
-                       [](const std::string& n) {
-                           return has_row("SELECT TOP 1 営業請求No FROM R営業請求" + site_and_date() +
-                                          " AND 営業請求履歴No = '" + n + "'");
-                       });
+                    [](const std::string& n) {
+                        return has_row("SELECT TOP 1 営業請求No FROM R営業請求" + site_and_date() +
+                                       " AND 営業請求履歴No = '" + n + "'");
+                    });
 }
 
 void 請求ヘッダ書込() {
@@ -156,7 +163,8 @@ void 請求明細取消() {
     }
     for (; !row.Eof(); row.MoveNext()) {
         insert(line_copy(row, {請求ヘッダ.赤履歴No, red}, 現在日時()));
-        erase("DELETE FROM T営業請求明細" + key + " AND T営業請求明細.営業請求固有行No = '" + row.Fields("営業請求固有行No").text() + "'");
+        erase("DELETE FROM T営業請求明細" + key + " AND T営業請求明細.営業請求固有行No = '" +
+              row.Fields("営業請求固有行No").text() + "'");
     }
     row.Close();
     set_status(deleted);
@@ -166,9 +174,11 @@ void 未集計登録() {
     const HeaderRecord& h = 請求ヘッダ;
     const RunContext& r = 実行環境;
     if (Val(h.赤履歴No) != 0)
-        未集計情報登録(h.登録情報区分, red, 請求番号ID, r.事業所コード, h.旧番号基準日付, h.旧営業請求No, h.赤履歴No);
+        未集計情報登録(h.登録情報区分, red, 請求番号ID, r.事業所コード, h.旧番号基準日付, h.旧営業請求No,
+                       h.赤履歴No);
     if (Val(h.黒履歴No) != 0)
-        未集計情報登録(h.登録情報区分, black, 請求番号ID, r.事業所コード, r.番号基準日付, r.営業請求No, h.黒履歴No);
+        未集計情報登録(h.登録情報区分, black, 請求番号ID, r.事業所コード, r.番号基準日付, r.営業請求No,
+                       h.黒履歴No);
     if (r.更新実行区分 != 0) return;
     終了処理();
     データベース起動();
@@ -176,12 +186,14 @@ void 未集計登録() {
 }
 
 void 未集計情報登録(const std::string& 登録情報区分, const std::string& 赤黒区分, const std::string& 番号ID,
-              const std::string& 事業所コード, const std::string& 番号基準日付, const std::string& 伝票No,
-              const std::string& 履歴No) {
+                    const std::string& 事業所コード, const std::string& 番号基準日付,
+                    const std::string& 伝票No, const std::string& 履歴No) {
     const std::string sql =
-        "INSERT INTO [未集計情報] ([事業所コード],[番号ID],[番号基準日付],[履歴No],[赤黒区分],[伝票No],[追加キー項目],[データフラグ],[登録情報区分],[予備項目]) VALUES ('" +
-        事業所コード + "','" + 番号ID + "','" + 番号基準日付 + "','" + 履歴No + "','" + 赤黒区分 + "','" + 伝票No + "','','0','" +
-        登録情報区分 + "','" + 更新者() + "')";
+        "INSERT INTO [未集計情報] "
+        "([事業所コード],[番号ID],[番号基準日付],[履歴No],[赤黒区分],[伝票No],[追加キー項目],[データフラグ],["
+        "登録情報区分],[予備項目]) VALUES ('" +
+        事業所コード + "','" + 番号ID + "','" + 番号基準日付 + "','" + 履歴No + "','" + 赤黒区分 + "','" +
+        伝票No + "','','0','" + 登録情報区分 + "','" + 更新者() + "')";
     const bool done = 実行環境.更新実行区分 == 1 ? 主DB実行(sql, true) : 設定DB実行(sql);
     set_status(done ? written : insert_failed);
 }

@@ -22,8 +22,7 @@ void 請求明細取消();    // red line rows; the live rows go
 // The queue rows of the run, and the immediate update when the company wants it.
 void 未集計登録();
 void 未集計情報登録(const std::string& 登録情報区分, const std::string& 赤黒区分, const std::string& 番号ID,
-              const std::string& 事業所コード, const std::string& 番号基準日付, const std::string& 伝票No,
-              const std::string& 履歴No);
-
+                    const std::string& 事業所コード, const std::string& 番号基準日付,
+                    const std::string& 伝票No, const std::string& 履歴No);
 
 }  // namespace kalvane

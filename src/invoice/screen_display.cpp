@@ -13,10 +13,12 @@
 namespace kalvane {
 namespace {
 
-EntryScreen& screen() { return frmKalvaneInvoiceEntry; }
+EntryScreen& screen() {
+    return frmKalvaneInvoiceEntry;
+}
 
-constexpr Colour untaxed_colour = RGB(0, 128, 128), tax_in_colour = RGB(128, 128, 255), grey_area = RGB(224, 224, 224),
-                 pale_yellow_area = RGB(255, 255, 192);
+constexpr Colour untaxed_colour = RGB(0, 128, 128), tax_in_colour = RGB(128, 128, 255),
+                 grey_area = RGB(224, 224, 224), pale_yellow_area = RGB(255, 255, 192);
 
 const char* numbering_caption(int style) {
     constexpr std::array<const char*, 3> captions{"1.", "１．", "Ⅰ．"};
@@ -28,9 +30,12 @@ Colour line_number_colour(int line) {
     constexpr int first_page = 34, further_page = 47, last_band_end = 974;
     if (line < first_page || line >= last_band_end) return button_text_colour;
     switch ((line - first_page) / further_page % 3) {
-        case 0: return RGB(192, 64, 0);
-        case 1: return RGB(0, 192, 0);
-        default: return button_text_colour;
+        case 0:
+            return RGB(192, 64, 0);
+        case 1:
+            return RGB(0, 192, 0);
+        default:
+            return button_text_colour;
     }
 }
 
@@ -50,9 +55,10 @@ void show_head_field(const ScreenField& f) {
 }
 
 bool is_head_row(const ScreenField& f) {
-    return f.one && f.area != Area::tail && (f.store == Store::date_part || f.store == Store::head_code ||
-                                             f.store == Store::head_text || f.store == Store::head_digit ||
-                                             f.store == Store::head_check || (f.area == Area::head && f.head_text));
+    return f.one && f.area != Area::tail &&
+           (f.store == Store::date_part || f.store == Store::head_code || f.store == Store::head_text ||
+            f.store == Store::head_digit || f.store == Store::head_check ||
+            (f.area == Area::head && f.head_text));
 }
 
 void show_line_field(const ScreenField& f, Control& c, const LineRecord& l) {
@@ -73,11 +79,21 @@ struct RowStop {
     bool (*ordinary)(const LineRecord&);
     bool total;
 };
-bool always(const LineRecord&) { return true; }
-bool unit_is_typed(const LineRecord& l) { return !(!l.商品コード.empty() && l.商品名称入力区分 == 0); }
-bool sale_amount_is_typed(const LineRecord& l) { return l.請求数量.is_zero() || l.請求単価.is_zero(); }
-bool purchase_amount_is_typed(const LineRecord& l) { return l.仕入数量.is_zero() || l.仕入単価.is_zero(); }
-bool never(const LineRecord&) { return false; }
+bool always(const LineRecord&) {
+    return true;
+}
+bool unit_is_typed(const LineRecord& l) {
+    return !(!l.商品コード.empty() && l.商品名称入力区分 == 0);
+}
+bool sale_amount_is_typed(const LineRecord& l) {
+    return l.請求数量.is_zero() || l.請求単価.is_zero();
+}
+bool purchase_amount_is_typed(const LineRecord& l) {
+    return l.仕入数量.is_zero() || l.仕入単価.is_zero();
+}
+bool never(const LineRecord&) {
+    return false;
+}
 constexpr RowStop row_stops[] = {
     {&EntryScreen::商品コード, always, false},
     {&EntryScreen::商品名, always, true},
@@ -95,8 +111,12 @@ constexpr RowStop row_stops[] = {
     {&EntryScreen::仕入消費税, never, false},
 };
 
-Colour amount_colour(int taxation) { return taxation == 1 ? untaxed_colour : window_text_colour; }
-Colour tax_colour(int tax_kind) { return tax_kind == 2 ? tax_in_colour : window_text_colour; }
+Colour amount_colour(int taxation) {
+    return taxation == 1 ? untaxed_colour : window_text_colour;
+}
+Colour tax_colour(int tax_kind) {
+    return tax_kind == 2 ? tax_in_colour : window_text_colour;
+}
 
 bool some_line_marked() {
     for (int i = 0; i <= 実行環境.最終行; ++i)
@@ -107,11 +127,13 @@ bool some_line_marked() {
 bool current_line_empty() {
     if (実行環境.現在行 < 0 || 実行環境.現在行 >= line_capacity) return false;
     const LineRecord& l = 請求明細行[実行環境.現在行];
-    return blank(l.商品コード) && blank(l.商品名) && blank(l.請求単位) && l.請求数量.is_zero() && l.請求単価.is_zero() &&
-           l.請求金額.is_zero();
+    return blank(l.商品コード) && blank(l.商品名) && blank(l.請求単位) && l.請求数量.is_zero() &&
+           l.請求単価.is_zero() && l.請求金額.is_zero();
 }
 
-bool names_a_source(const std::string& number) { return !number.empty() && number != "00000000"; }
+bool names_a_source(const std::string& number) {
+    return !number.empty() && number != "00000000";
+}
 
 void enable(bool on, std::initializer_list<Control EntryScreen::*> controls) {
     for (Control EntryScreen::*c : controls) set_enabled(screen().*c, on);
@@ -160,7 +182,8 @@ void 明細行表示(int line, int row) {
     for (const ScreenField& f : screen_fields())
         if (f.rows) show_line_field(f, (s.*f.rows)[r], l);
     set_visible(s.仕入商品名[r], !実行環境.仕入先表示);
-    for (RowControls EntryScreen::*c : {&EntryScreen::btn_仕入先コード, &EntryScreen::仕入先コード, &EntryScreen::仕入先名称A})
+    for (RowControls EntryScreen::*c :
+         {&EntryScreen::btn_仕入先コード, &EntryScreen::仕入先コード, &EntryScreen::仕入先名称A})
         set_visible((s.*c)[r], 実行環境.仕入先表示);
     set_enabled(s.chb_計区分[r], l.行区分 == 1);
     if (請求ヘッダ.消費税表示区分 == 0) {
@@ -184,7 +207,8 @@ void テイル画面表示() {
         if (f.area != Area::tail) continue;
         if (f.head_text) set_text(s.*f.one, 請求ヘッダ.*f.head_text);
         if (!f.head_money) continue;
-        const bool is_tax = f.head_money == &HeaderRecord::請求消費税合計 || f.head_money == &HeaderRecord::仕入消費税合計;
+        const bool is_tax =
+            f.head_money == &HeaderRecord::請求消費税合計 || f.head_money == &HeaderRecord::仕入消費税合計;
         const bool shown = 請求ヘッダ.合計表示区分 != 0 && (!is_tax || 請求ヘッダ.消費税表示区分 != 0);
         set_value(s.*f.one, shown ? 請求ヘッダ.*f.head_money : 通貨());
     }
@@ -201,14 +225,16 @@ void ボタン状態更新(bool query) {
     set_enabled(s.btn_指定行複写, marked && last >= 0 && current > 0);
     set_enabled(s.btn_指定行コピー, !is_new && marked);
     set_enabled(s.btn_指定行クリア, marked);
-    enable(!blank(s.得意先コード.text), {&EntryScreen::btn_得意先御担当者コード, &EntryScreen::btn_納品先コード,
-                                        &EntryScreen::btn_担当者コード, &EntryScreen::tab_詳細});
+    enable(!blank(s.得意先コード.text),
+           {&EntryScreen::btn_得意先御担当者コード, &EntryScreen::btn_納品先コード,
+            &EntryScreen::btn_担当者コード, &EntryScreen::tab_詳細});
     enable(!blank(s.担当者コード.text), {&EntryScreen::btn_部門コード, &EntryScreen::btn_セクションコード});
     enable(is_new && last == -1,
-           {&EntryScreen::btn_営業見積No, &EntryScreen::営業見積No, &EntryScreen::btn_顧客注文No, &EntryScreen::顧客注文No,
-            &EntryScreen::btn_参照営業請求No, &EntryScreen::参照営業請求No});
-    set_enabled(s.btn_参照元No, names_a_source(請求ヘッダ.営業見積No) || names_a_source(請求ヘッダ.顧客注文No) ||
-                                names_a_source(請求ヘッダ.営業納品No) || names_a_source(請求ヘッダ.参照営業請求No));
+           {&EntryScreen::btn_営業見積No, &EntryScreen::営業見積No, &EntryScreen::btn_顧客注文No,
+            &EntryScreen::顧客注文No, &EntryScreen::btn_参照営業請求No, &EntryScreen::参照営業請求No});
+    set_enabled(s.btn_参照元No,
+                names_a_source(請求ヘッダ.営業見積No) || names_a_source(請求ヘッダ.顧客注文No) ||
+                    names_a_source(請求ヘッダ.営業納品No) || names_a_source(請求ヘッダ.参照営業請求No));
     set_enabled(s.btn_登録, gap.area == Area::none && last >= 0 && 実行環境.入力変更あり);
     enable(!is_new, {&EntryScreen::btn_印刷, &EntryScreen::btn_プレビュ, &EntryScreen::btn_帳票イメージ出力});
     if (!query) return;
@@ -229,7 +255,11 @@ void 画面部品初期化() {
     set_caption(s.お知らせ, "");
 }
 
-void お知らせ表示(const char* text) { set_caption(screen().お知らせ, text); }
-void 案内表示() { set_caption(screen().お知らせ, 実行環境.案内メッセージ); }
+void お知らせ表示(const char* text) {
+    set_caption(screen().お知らせ, text);
+}
+void 案内表示() {
+    set_caption(screen().お知らせ, 実行環境.案内メッセージ);
+}
 
 }  // namespace kalvane

@@ -3,9 +3,9 @@
 
 namespace kalvane {
 
-void 画面表示();        // head, lines, tail, then the form is drawn
+void 画面表示();  // head, lines, tail, then the form is drawn
 void ヘッド画面表示();
-void 明細画面表示();     // the ten screen rows from 先頭行
+void 明細画面表示();  // the ten screen rows from 先頭行
 void 明細行表示(int line, int row);
 void テイル画面表示();
 // Enabled state of the buttons and of what depends on the document's state. Without `query` nothing is read:

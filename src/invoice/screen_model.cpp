@@ -5,6 +5,7 @@
 namespace kalvane {
 namespace {
 
+// clang-format off
 constexpr ScreenField fields[] = {
     {.name = "営業請求日付年", .one = &EntryScreen::営業請求日付年, .tab_index = 1, .tab_stop = true, .area = Area::head, .order = 1, .max_length = 4, .mode = InputMode::digits, .store = Store::date_part, .head_text = &HeaderRecord::営業請求日付年},
     {.name = "営業請求日付月", .one = &EntryScreen::営業請求日付月, .tab_index = 2, .tab_stop = true, .area = Area::head, .order = 2, .max_length = 2, .mode = InputMode::digits, .store = Store::date_part, .head_text = &HeaderRecord::営業請求日付月},
@@ -146,6 +147,7 @@ constexpr ScreenField fields[] = {
     {.name = "お知らせ", .one = &EntryScreen::お知らせ, .kind = ControlKind::SSPanel},
     {.name = "manualpanel", .one = &EntryScreen::manualpanel, .kind = ControlKind::SSPanel, .caption = "マニュアル"},
 };
+// clang-format on
 
 constexpr bool tab_indices_unique() {
     for (const ScreenField& a : fields)
@@ -179,15 +181,21 @@ struct CodeTable {
 };
 constexpr CodeTable code_tables[] = {
     {.statement = "SELECT * FROM K消費税算出区分 WHERE 区分 <= '2' ORDER BY 区分",
-     .number = &EntryScreen::得意先消費税算出区分, .combo = &EntryScreen::得意先消費税算出区分名称},
+     .number = &EntryScreen::得意先消費税算出区分,
+     .combo = &EntryScreen::得意先消費税算出区分名称},
     {.statement = "SELECT * FROM K消費税区分 ORDER BY 区分",
-     .number = &EntryScreen::得意先消費税区分, .combo = &EntryScreen::得意先消費税区分名称, .smallest = 1},
+     .number = &EntryScreen::得意先消費税区分,
+     .combo = &EntryScreen::得意先消費税区分名称,
+     .smallest = 1},
     {.statement = "SELECT * FROM K請求消費税表示区分 ORDER BY 区分",
-     .number = &EntryScreen::消費税表示区分, .combo = &EntryScreen::消費税表示区分名称},
+     .number = &EntryScreen::消費税表示区分,
+     .combo = &EntryScreen::消費税表示区分名称},
     {.statement = "SELECT * FROM K請求合計表示区分 ORDER BY 区分",
-     .number = &EntryScreen::合計表示区分, .combo = &EntryScreen::合計表示区分名称},
+     .number = &EntryScreen::合計表示区分,
+     .combo = &EntryScreen::合計表示区分名称},
     {.statement = "SELECT * FROM K請求行区分 ORDER BY 区分",
-     .row_number = &EntryScreen::行区分, .row_combo = &EntryScreen::行区分名称},
+     .row_number = &EntryScreen::行区分,
+     .row_combo = &EntryScreen::行区分名称},
 };
 
 void fill(Control& number, Control& combo, const std::vector<std::string>& names, int smallest) {
@@ -203,13 +211,19 @@ struct Digits {
 };
 Digits digits_of(Figure f) {
     switch (f) {
-        case Figure::quantity_sale: return {6, 実行環境.売上数量少数以下桁数};
-        case Figure::price_sale: return {8, 実行環境.売上単価少数以下桁数};
-        case Figure::quantity_purchase: return {6, 実行環境.仕入数量少数以下桁数};
-        case Figure::price_purchase: return {8, 実行環境.仕入単価少数以下桁数};
-        case Figure::amount: return {10, 0};
+        case Figure::quantity_sale:
+            return {6, 実行環境.売上数量少数以下桁数};
+        case Figure::price_sale:
+            return {8, 実行環境.売上単価少数以下桁数};
+        case Figure::quantity_purchase:
+            return {6, 実行環境.仕入数量少数以下桁数};
+        case Figure::price_purchase:
+            return {8, 実行環境.仕入単価少数以下桁数};
+        case Figure::amount:
+            return {10, 0};
         case Figure::code:
-        case Figure::none: break;
+        case Figure::none:
+            break;
     }
     return {1, 0};
 }
@@ -224,7 +238,9 @@ void set_digits(Control& c, Figure f) {
 
 }  // namespace
 
-FieldTable screen_fields() { return {std::begin(fields), std::end(fields)}; }
+FieldTable screen_fields() {
+    return {std::begin(fields), std::end(fields)};
+}
 
 const ScreenField* field_of(const Control& c) {
     for (const ScreenField& f : fields) {
@@ -243,7 +259,8 @@ void build_entry_screen() {
     for (const ScreenField& f : fields) {
         if (f.one) make(s, s.*f.one, f, -1);
         if (f.rows)
-            for (int row = 0; row < screen_rows; ++row) make(s, (s.*f.rows)[static_cast<std::size_t>(row)], f, row);
+            for (int row = 0; row < screen_rows; ++row)
+                make(s, (s.*f.rows)[static_cast<std::size_t>(row)], f, row);
     }
     s.tab_strip = &s.tab_詳細;
     s.tab_詳細.entries = {"売上明細", "仕入明細", "メモ", "付属書類"};

@@ -21,7 +21,8 @@ void 読込表示(Work work) {
         work();
     } catch (...) {
         画面再表示();
-        if (event_copies.keep) event_copies.keep();  // the end of the event must not bring the old document back
+        if (event_copies.keep)
+            event_copies.keep();  // the end of the event must not bring the old document back
         throw;
     }
 }

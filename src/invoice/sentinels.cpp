@@ -10,8 +10,12 @@
 namespace kalvane {
 namespace {
 
-EntryScreen& screen() { return frmKalvaneInvoiceEntry; }
-int page() { return screen().tab_詳細.number; }
+EntryScreen& screen() {
+    return frmKalvaneInvoiceEntry;
+}
+int page() {
+    return screen().tab_詳細.number;
+}
 
 bool left_was(std::initializer_list<Control EntryScreen::*> controls) {
     return std::any_of(controls.begin(), controls.end(),
@@ -22,7 +26,8 @@ bool left_was_row_field(std::initializer_list<RowControls EntryScreen::*> fields
     const Control* left = 実行環境.離脱コントロール;
     return left && std::any_of(fields.begin(), fields.end(), [left](auto f) {
                const RowControls& controls = screen().*f;
-               return std::any_of(controls.begin(), controls.end(), [left](const Control& c) { return &c == left; });
+               return std::any_of(controls.begin(), controls.end(),
+                                  [left](const Control& c) { return &c == left; });
            });
 }
 
@@ -32,9 +37,13 @@ bool came_from_tail() {
     return f && f->area == Area::tail && left != &screen().営業請求メモ;
 }
 
-void back_to_head() { フォーカス設定(screen().支払条件); }
+void back_to_head() {
+    フォーカス設定(screen().支払条件);
+}
 
-void to_last_field(int row) { フォーカス設定(last_row_field(row, page())); }
+void to_last_field(int row) {
+    フォーカス設定(last_row_field(row, page()));
+}
 
 // The line beyond which Enter leads to the tail: behind the last one, or the last one when nothing was
 // entered in it (an entered row is already a line).
@@ -43,10 +52,10 @@ bool at_the_end() {
     if (r.現在行 > r.最終行 || (r.最終行 == last_entry_line && r.現在行 == r.最終行)) return true;
     if (r.現在行 != r.最終行 || r.現在行 <= 0) return false;
     const LineRecord& l = 請求明細行[r.現在行];
-    const bool sale_empty = blank(l.商品コード) && blank(l.商品名) && blank(l.請求単位) && l.請求数量.is_zero() &&
-                            l.請求単価.is_zero() && l.請求金額.is_zero();
-    const bool purchase_empty = blank(l.仕入先コード) && blank(l.仕入先名称A) && blank(l.仕入単位) && l.仕入数量.is_zero() &&
-                                l.仕入単価.is_zero() && l.仕入金額.is_zero();
+    const bool sale_empty = blank(l.商品コード) && blank(l.商品名) && blank(l.請求単位) &&
+                            l.請求数量.is_zero() && l.請求単価.is_zero() && l.請求金額.is_zero();
+    const bool purchase_empty = blank(l.仕入先コード) && blank(l.仕入先名称A) && blank(l.仕入単位) &&
+                                l.仕入数量.is_zero() && l.仕入単価.is_zero() && l.仕入金額.is_zero();
     return sale_empty && (page() == 0 || purchase_empty);
 }
 
@@ -94,11 +103,17 @@ void ヘッド終了到達(Control& sentinel) {
     if (const int gap = head_gap()) {
         実行環境.取得コントロール = &sentinel;
         ヘッド番号移動(gap);
-    } else if (left_was({&EntryScreen::支払条件, &EntryScreen::売上完了区分, &EntryScreen::売上完了区分名称})) {
+    } else if (left_was(
+                   {&EntryScreen::支払条件, &EntryScreen::売上完了区分, &EntryScreen::売上完了区分名称})) {
         switch (page()) {
-            case 2: フォーカス設定(screen().営業請求メモ); break;
-            case 3: フォーカス設定(screen().List付属書類); break;
-            default: フォーカス設定(first_row_field(0, page()));
+            case 2:
+                フォーカス設定(screen().営業請求メモ);
+                break;
+            case 3:
+                フォーカス設定(screen().List付属書類);
+                break;
+            default:
+                フォーカス設定(first_row_field(0, page()));
         }
     } else if (r.現在行 <= 0 || page() >= 2) {
         back_to_head();
@@ -117,10 +132,10 @@ void 頁終了到達(Control& sentinel) {
         forward();
     else if (sentinel.row == current - 1)
         backward();
-    else if (page() == 0 ? left_was_row_field({&EntryScreen::請求消費税, &EntryScreen::請求金額, &EntryScreen::請求単価,
-                                               &EntryScreen::商品名})
-                         : left_was_row_field({&EntryScreen::仕入消費税, &EntryScreen::仕入金額, &EntryScreen::仕入単価,
-                                               &EntryScreen::仕入先名称A}))
+    else if (page() == 0 ? left_was_row_field({&EntryScreen::請求消費税, &EntryScreen::請求金額,
+                                               &EntryScreen::請求単価, &EntryScreen::商品名})
+                         : left_was_row_field({&EntryScreen::仕入消費税, &EntryScreen::仕入金額,
+                                               &EntryScreen::仕入単価, &EntryScreen::仕入先名称A}))
         forward();
     else
         backward();

@@ -12,8 +12,8 @@ namespace kalvane {
 namespace {
 
 // These come from the first run of the totals.
-constexpr 通貨 HeaderRecord::*not_read[] = {&HeaderRecord::請求金額合計, &HeaderRecord::請求数量合計, &HeaderRecord::仕入金額合計,
-                                          &HeaderRecord::仕入数量合計};
+constexpr 通貨 HeaderRecord::*not_read[] = {&HeaderRecord::請求金額合計, &HeaderRecord::請求数量合計,
+                                            &HeaderRecord::仕入金額合計, &HeaderRecord::仕入数量合計};
 
 void take_column(const HeaderColumn& c, const ado::Value& v) {
     if (c.key) take(v, 実行環境.*c.key);
@@ -23,9 +23,13 @@ void take_column(const HeaderColumn& c, const ado::Value& v) {
         take(v, 請求ヘッダ.*c.money);
 }
 
-void take_text(const ado::Recordset& rs, const char* column, std::string& member) { take(rs.Fields(column), member); }
+void take_text(const ado::Recordset& rs, const char* column, std::string& member) {
+    take(rs.Fields(column), member);
+}
 
-bool no_code(const std::string& code) { return Val(code) == 0; }
+bool no_code(const std::string& code) {
+    return Val(code) == 0;
+}
 bool is_prospect(const ado::Recordset& rs, const SourceRow& source, const char* column) {
     return source.prospects && rs.Fields(column).number() != 0;
 }
@@ -81,7 +85,8 @@ void take_destination(const ado::Recordset& rs, const SourceRow& source) {
     HeaderRecord& h = 請求ヘッダ;
     if (!no_code(h.納品先コード)) return;
     if (is_prospect(rs, source, "納品先対応先区分"))
-        take_text(rs, "得意先コード", h.納品先対応先コード);  // the customer's column, as the registers expect it
+        take_text(rs, "得意先コード",
+                  h.納品先対応先コード);  // the customer's column, as the registers expect it
     else
         take_text(rs, "納品先コード", h.納品先コード);
     take_text(rs, "納品先名称A", h.納品先名称A);
@@ -110,7 +115,8 @@ void stored_header() {
         h.営業請求日付日 = Mid(h.営業請求日付, 7, 2);
     }
     for (const CodeGroup& g : staff_groups) take_text(rs, g.name.column, h.*g.name.member);
-    if (const ado::Value& approval = rs.Fields("承認区分"); !approval.is_null()) h.承認区分 = Format(to_i16(approval.number()), "0");
+    if (const ado::Value& approval = rs.Fields("承認区分"); !approval.is_null())
+        h.承認区分 = Format(to_i16(approval.number()), "0");
     rs.Close();
     h.集計日付 = 月締日付(h.営業請求日付);
     実行環境.入力変更あり = false;

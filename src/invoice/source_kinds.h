@@ -18,8 +18,8 @@ enum class SourceKind { invoice, quotation, order, delivery, reference };
 enum class Recompute { none, sale, both };
 
 struct SourceColumns {
-    const char *remark_a, *remark_b;               // taken into an empty remark
-    const char *net, *tax, *gross;                 // totals shown while the document has no line
+    const char *remark_a, *remark_b;  // taken into an empty remark
+    const char *net, *tax, *gross;    // totals shown while the document has no line
     const char *quantity, *unit, *price, *amount, *line_tax;
 };
 
@@ -27,22 +27,24 @@ struct SourceRow {
     SourceKind kind;
     const char* number_id;
     const char *header_table, *line_table, *number_column, *line_order;
-    const char* guard;                    // a condition text holds it, a pick's key does not
-    std::string HeaderRecord::*site = nullptr;  // key fields; nullptr for the stored invoice, whose key is the
+    const char* guard;  // a condition text holds it, a pick's key does not
+    std::string HeaderRecord::*site =
+        nullptr;  // key fields; nullptr for the stored invoice, whose key is the
     std::string HeaderRecord::*base_date = nullptr;  // run context's
     std::string HeaderRecord::*number = nullptr;
     ado::Recordset RunContext::Recordsets::*recordset = nullptr;
     DocumentKey RunContext::*argument = nullptr;  // key cut from the command line
     std::size_t position = 0;                     // … and where it stands
     SourceColumns columns{};
-    bool prospects = false;        // a customer, destination or supplier may be a prospect
-    bool customer_tax = false;     // brings the customer's tax columns
-    bool terms = false;            // brings 支払条件
+    bool prospects = false;     // a customer, destination or supplier may be a prospect
+    bool customer_tax = false;  // brings the customer's tax columns
+    bool terms = false;         // brings 支払条件
     bool purchase_totals = false;
-    bool customer_first = false;   // order of the groups
+    bool customer_first = false;  // order of the groups
     Recompute recompute = Recompute::none;
 };
 
+// clang-format off
 inline constexpr std::array<SourceRow, 5> source_rows{{
     {.kind = SourceKind::invoice, .number_id = "16240", .header_table = "T営業請求", .line_table = "T営業請求明細",
      .number_column = "営業請求No", .line_order = "営業請求行No", .guard = "営業請求",
@@ -82,6 +84,7 @@ inline constexpr std::array<SourceRow, 5> source_rows{{
                  "請求単価", "請求金額", "請求消費税"},
      .terms = true, .recompute = Recompute::sale},
 }};
+// clang-format on
 
 constexpr bool source_rows_in_order() {
     for (std::size_t i = 0; i < source_rows.size(); ++i)
@@ -90,6 +93,8 @@ constexpr bool source_rows_in_order() {
 }
 static_assert(source_rows_in_order());
 
-constexpr const SourceRow& source_row(SourceKind kind) { return source_rows[static_cast<std::size_t>(kind)]; }
+constexpr const SourceRow& source_row(SourceKind kind) {
+    return source_rows[static_cast<std::size_t>(kind)];
+}
 
 }  // namespace kalvane

@@ -12,7 +12,8 @@ namespace {
 // What a source or a pasted line brings: the columns between these two, both included. Identity, shipped and
 // sold figures, memo, approvals and stamps stay those of a fresh line.
 constexpr std::size_t first_brought = 11, last_brought = 45;
-static_assert(line_columns[first_brought].name == "行区分" && line_columns[last_brought].name == "仕入先名称入力区分");
+static_assert(line_columns[first_brought].name == "行区分" &&
+              line_columns[last_brought].name == "仕入先名称入力区分");
 
 void take_column(const LineColumn& c, const ado::Value& v, LineRecord& line) {
     if (c.text) take(v, line.*c.text);
@@ -53,8 +54,9 @@ void compute(int i, Recompute what) {
 std::string lines_of(const SourceRow& source, const std::string& site, const std::string& base_date,
                      const std::string& number) {
     const std::string table = source.line_table;
-    return "SELECT " + table + ".* FROM " + table + "  WHERE " + table + ".事業所コード = '" + site + "' AND " + table +
-           ".番号基準日付 = '" + base_date + "' AND " + table + "." + source.number_column + " = '" + number + "'";
+    return "SELECT " + table + ".* FROM " + table + "  WHERE " + table + ".事業所コード = '" + site +
+           "' AND " + table + ".番号基準日付 = '" + base_date + "' AND " + table + "." +
+           source.number_column + " = '" + number + "'";
 }
 
 std::string ordered(const SourceRow& source) {
@@ -88,7 +90,8 @@ void source_lines(const SourceRow& source) {
     if (r.最終行 != -1) return;
     const HeaderRecord& h = 請求ヘッダ;
     ado::Recordset rs;
-    if (主DB読込(rs, lines_of(source, h.*source.site, h.*source.base_date, h.*source.number) + ordered(source))) {
+    if (主DB読込(rs,
+                 lines_of(source, h.*source.site, h.*source.base_date, h.*source.number) + ordered(source))) {
         for (; !rs.Eof(); rs.MoveNext()) {
             LineRecord& line = 請求明細行[r.最終行 + 1];
             ++r.最終行;
@@ -100,15 +103,16 @@ void source_lines(const SourceRow& source) {
 }
 
 void 営業請求行読込(int i, const std::string& site, const std::string& base_date, const std::string& number,
-             const std::string& identity) {
+                    const std::string& identity) {
     const SourceRow& source = source_row(SourceKind::reference);
     ado::Recordset rs;
-    if (主DB読込(rs, lines_of(source, site, base_date, number) + " AND " + source.line_table + ".営業請求固有行No = '" + identity + "'")) {
+    if (主DB読込(rs, lines_of(source, site, base_date, number) + " AND " + source.line_table +
+                         ".営業請求固有行No = '" + identity + "'")) {
         LineRecord& line = 請求明細行[i];
         take_brought(rs, source, line);
         take(rs.Fields("明細メモ"), line.明細メモ);
-        for (auto m : {&LineRecord::営業請求固有行No, &LineRecord::承認日付, &LineRecord::承認者コード, &LineRecord::承認区分,
-                       &LineRecord::登録日付, &LineRecord::更新日付})
+        for (auto m : {&LineRecord::営業請求固有行No, &LineRecord::承認日付, &LineRecord::承認者コード,
+                       &LineRecord::承認区分, &LineRecord::登録日付, &LineRecord::更新日付})
             (line.*m).clear();
         明細税区分設定(i);
         請求単価設定(i);

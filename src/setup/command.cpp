@@ -58,7 +58,8 @@ int check(const std::vector<std::string>& arguments, std::ostream& out) {
 
 void pin(const std::vector<std::string>& arguments, std::ostream& out) {
     const bool site = arguments.size() > 2 && arguments[2] == "--site";
-    if (arguments.size() != (site ? 4u : 3u)) throw UsageError{"pin には ROOT と担当者コード、または --site と事業所コードが必要です。"};
+    if (arguments.size() != (site ? 4u : 3u))
+        throw UsageError{"pin には ROOT と担当者コード、または --site と事業所コードが必要です。"};
     set_pin(arguments[1], arguments.back(), site, os::read_secret_line());
     out << "暗証番号を設定しました。\n";
 }

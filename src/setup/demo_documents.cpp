@@ -30,8 +30,9 @@ constexpr int invoices = 60, documents_of_a_kind = 30;
 constexpr Date first_day{2022, 4, 4};
 constexpr int days = 736;  // to the last one, 9 April 2024
 
-constexpr std::string_view subjects[] = {"事務用品一式", "春季備品", "新社屋什器", "定期納品分", "移転作業", "年度末納品",
-                                         "会議室改装", "教材一式", "催事用品", "防災備蓄"};
+constexpr std::string_view subjects[] = {"事務用品一式", "春季備品",   "新社屋什器", "定期納品分",
+                                         "移転作業",     "年度末納品", "会議室改装", "教材一式",
+                                         "催事用品",     "防災備蓄"};
 constexpr std::string_view remarks[] = {"", "", "分納", "直送", "お届けは午前中", "検収後にお支払いください"};
 
 // A source kind's tables, and whether a document of it may be for a prospect.
@@ -74,7 +75,9 @@ void add_line(const std::string& product, std::int64_t quantity) {
     仕入消費税計算(i);
 }
 
-std::string six_digits(std::int64_t n) { return Format(n, "000000"); }
+std::string six_digits(std::int64_t n) {
+    return Format(n, "000000");
+}
 
 // Customer, lines and texts of a document; the lines may be none.
 void fill_document(Random& random, int lines) {
@@ -101,7 +104,8 @@ void write_source(ado::Connection& main, const SourceTables& s, const std::strin
         main.Execute(line_insert(i, 請求ヘッダ.登録日付));
     }
     const std::string key = std::string(" WHERE 営業請求No = ").append(literal(passing));
-    for (const auto& [table, from] : {std::pair{s.header, "T営業請求"}, std::pair{s.lines, "T営業請求明細"}}) {
+    for (const auto& [table, from] :
+         {std::pair{s.header, "T営業請求"}, std::pair{s.lines, "T営業請求明細"}}) {
         std::string columns, values;
         for (const RenamedColumn& c : renamed_columns(table)) {
             columns.append(columns.empty() ? "[" : ",[").append(c.name).append("]");
@@ -119,8 +123,8 @@ void write_source(ado::Connection& main, const SourceTables& s, const std::strin
             extra = ",[仕入先対応先区分]";
             extra_values = ",'0'";
         }
-        main.Execute(std::string("INSERT INTO [").append(table) + "] (" + columns + extra + ") SELECT " + values + extra_values +
-                     " FROM [" + from + "]" + key);
+        main.Execute(std::string("INSERT INTO [").append(table) + "] (" + columns + extra + ") SELECT " +
+                     values + extra_values + " FROM [" + from + "]" + key);
         main.Execute(std::string("DELETE FROM [").append(from) + "]" + key);
     }
 }
@@ -139,13 +143,14 @@ void make_sources(ado::Connection& main, Random& random) {
             }
             write_source(main, s, Format(n + 1, "00000000"), prospect);
         }
-        main.Execute(std::string("UPDATE A番号情報 SET 連番 = ") + literal(Format(documents_of_a_kind, "00000000")) +
+        main.Execute(std::string("UPDATE A番号情報 SET 連番 = ") +
+                     literal(Format(documents_of_a_kind, "00000000")) +
                      " WHERE 番号ID = " + literal(row.number_id));
     }
 }
 
 void make_invoices(Random& random) {
-    constexpr int referring = 9, changed = 12, deleted = 25;  // every so many
+    constexpr int referring = 9, changed = 12;  // every so many
     for (int n = 0; n < invoices; ++n) {
         begin_document(day_at(n, invoices, 10));
         fill_document(random, static_cast<int>(random.between(1, 8)));
@@ -155,18 +160,14 @@ void make_invoices(Random& random) {
             請求ヘッダ.参照営業請求No = Format(n, "00000000");
         }
         新規書込();
-        if (n % changed != changed - 1 && n % deleted != deleted - 1) continue;
+        if (n % changed != changed - 1) continue;
         const std::string number = 実行環境.営業請求No;
         os::advance_clock(3'600'000);
         伝票表示読込(全社事業所, 実行環境.番号基準日付, number);
-        if (n % deleted == deleted - 1) {
-            削除書込();
-        } else {
-            請求ヘッダ.請求伝票備考B = "数量変更済";
-            add_line("P0001", 5);
-            合計計算();
-            修正書込();
-        }
+        請求ヘッダ.請求伝票備考B = "数量変更済";
+        add_line("P0001", 5);
+        合計計算();
+        修正書込();
     }
 }
 
@@ -201,14 +202,17 @@ void fill_demo_documents(const std::string& root) {
     r.起動担当者名 = "佐藤 誠";
     基本情報読込();
     Random random(20240410);
-    for (ado::Connection* c : {static_cast<ado::Connection*>(&r.主接続), static_cast<ado::Connection*>(&r.設定接続)}) c->Execute("BEGIN");
+    for (ado::Connection* c :
+         {static_cast<ado::Connection*>(&r.主接続), static_cast<ado::Connection*>(&r.設定接続)})
+        c->Execute("BEGIN");
     make_sources(r.主接続, random);
     make_invoices(random);
     // nobody has looked at the documents or run the program yet
     r.主接続.Execute("DELETE FROM T閲覧");
     r.主接続.Execute("UPDATE A番号情報 SET 連番 = '00000000' WHERE 番号ID = '01110'");
     r.設定接続.Execute("DELETE FROM プログラム稼動履歴");
-    for (ado::Connection* c : {static_cast<ado::Connection*>(&r.主接続), static_cast<ado::Connection*>(&r.設定接続)}) {
+    for (ado::Connection* c :
+         {static_cast<ado::Connection*>(&r.主接続), static_cast<ado::Connection*>(&r.設定接続)}) {
         c->Execute("COMMIT");
         c->Close();
     }

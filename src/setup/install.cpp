@@ -106,7 +106,8 @@ std::string key_file(const std::string& root) {
 }
 
 // Operators of the demonstration who sign on with a PIN.
-constexpr std::pair<std::string_view, std::string_view> demo_pins[] = {{"00002", "SUZUKI2"}, {"00003", "TANAKA3"}};
+constexpr std::pair<std::string_view, std::string_view> demo_pins[] = {{"00002", "SUZUKI2"},
+                                                                       {"00003", "TANAKA3"}};
 
 }  // namespace
 
@@ -147,8 +148,8 @@ void set_pin(std::string_view root, std::string_view code, bool site, std::strin
     const bool found = !row.Eof();
     row.Close();
     if (!found) throw SetupError(std::string(table).append("にありません: ").append(code));
-    main.Execute(std::string("UPDATE ").append(table) + " SET " + (site ? "特権暗証番号" : "暗証番号") + " = " +
-                 literal(os::暗号化(UCase(pin))) + " WHERE コード = " + literal(code));
+    main.Execute(std::string("UPDATE ").append(table) + " SET " + (site ? "特権暗証番号" : "暗証番号") +
+                 " = " + literal(os::暗号化(UCase(pin))) + " WHERE コード = " + literal(code));
     main.Close();
 }
 

@@ -33,8 +33,8 @@ void create_installation(const CreateRequest& request);
 // there are no databases.
 int installed_version(std::string_view root);
 // Stores a PIN in capitals, as the sign-on compares it: an operator's, or with site the site's own, which
-// opens every sign-on there. SetupError: no such row, a PIN too short; os::FileError: no key file. Nothing was
-// changed then.
+// opens every sign-on there. SetupError: no such row, a PIN too short; os::FileError: no key file. Nothing
+// was changed then.
 void set_pin(std::string_view root, std::string_view code, bool site, std::string_view pin);
 // Opens a database of the installation, "data/kalvane.accdb" and the like, by the name that the root's native
 // path and this one make. SetupError when that fails.

@@ -321,7 +321,8 @@ void derive(const DocumentTable& table, const Columns& columns, std::size_t keys
 std::vector<TableDefinition> make_tables() {
     std::vector<TableDefinition> tables;
     for (const PlainTable& row : plain_tables) {
-        TableDefinition& table = tables.emplace_back(TableDefinition{std::string(row.name), row.databases, {}});
+        TableDefinition& table =
+            tables.emplace_back(TableDefinition{std::string(row.name), row.databases, {}});
         for (std::string_view name : words(row.keys))
             table.columns.push_back({std::string(name), ColumnType::key});
         for (std::string_view name : words(row.texts))
@@ -330,7 +331,8 @@ std::vector<TableDefinition> make_tables() {
             table.columns.push_back({std::string(name), ColumnType::number});
     }
     for (const DocumentTable& row : document_tables) {
-        TableDefinition& table = tables.emplace_back(TableDefinition{std::string(row.name), main_database, {}});
+        TableDefinition& table =
+            tables.emplace_back(TableDefinition{std::string(row.name), main_database, {}});
         if (row.lines)
             derive(row, line_columns, 4, table.columns);
         else

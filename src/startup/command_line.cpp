@@ -19,7 +19,8 @@ bool code_characters(const std::string& part) {
 }  // namespace
 
 DocumentKey 伝票キー切出(const std::string& trimmed_text, std::size_t position) {
-    DocumentKey key{Mid(trimmed_text, position, 3), Mid(trimmed_text, position + 3, 8), Mid(trimmed_text, position + 11, 8)};
+    DocumentKey key{Mid(trimmed_text, position, 3), Mid(trimmed_text, position + 3, 8),
+                    Mid(trimmed_text, position + 11, 8)};
     for (const std::string* part : {&key.事業所コード, &key.番号基準日付, &key.No})
         if (!code_characters(*part)) return {};
     return key;

@@ -25,7 +25,9 @@
 namespace kalvane {
 namespace {
 
-EntryScreen& screen() { return frmKalvaneInvoiceEntry; }
+EntryScreen& screen() {
+    return frmKalvaneInvoiceEntry;
+}
 
 // The box, then the end; what ended the process while the box stood may have closed everything already.
 void end_with(const char* words) {
@@ -113,7 +115,8 @@ void start() {
     実行環境.主画面 = &screen();
     if (!データベース起動()) return end_with("データベースが使用できません。");
     if (!利用者情報読込()) return end_with("ユーザ情報が使用できません。");
-    if (!検索条件名登録(業務メニュ, プログラムID)) message_box("システムデータベースに問題があり登録できません");
+    if (!検索条件名登録(業務メニュ, プログラムID))
+        message_box("システムデータベースに問題があり登録できません");
     if (!操作権限確認(業務メニュ, プログラムID, Operation::start)) {
         if (process_ended()) return;
         return end_with("操作権限がありません。");
@@ -181,7 +184,9 @@ bool 検索条件名登録(const std::string& family, const std::string& program
 void タイトル表示() {
     RunContext& r = 実行環境;
     ado::Recordset rs;
-    r.事業所名称 = 主DB読込(rs, "SELECT * FROM M事業所 WHERE コード = '" + r.運用事業所コード + "'") ? text_of(rs, "名称") : "";
+    r.事業所名称 = 主DB読込(rs, "SELECT * FROM M事業所 WHERE コード = '" + r.運用事業所コード + "'")
+                       ? text_of(rs, "名称")
+                       : "";
     rs.Close();
     std::string title = プログラムID;
     for (const Title& t : titles)
@@ -212,7 +217,8 @@ void 強制終了() {
 }
 
 void reset_run() {
-    for (ado::Connection* c : {static_cast<ado::Connection*>(&実行環境.主接続), static_cast<ado::Connection*>(&実行環境.設定接続)})
+    for (ado::Connection* c :
+         {static_cast<ado::Connection*>(&実行環境.主接続), static_cast<ado::Connection*>(&実行環境.設定接続)})
         if (c->is_open()) c->Close();
     実行環境 = RunContext{};
     static_cast<RunContext::Recordsets&>(実行環境.recordsets) = RunContext::Recordsets{};

@@ -20,7 +20,9 @@ constexpr std::array<Field<RunContext>, 8> operator_fields{{
 
 }  // namespace
 
-std::string class_right_column(int k) { return "処理分類" + std::to_string(k) + "操作許可"; }
+std::string class_right_column(int k) {
+    return "処理分類" + std::to_string(k) + "操作許可";
+}
 
 bool 起動担当者読込() {
     実行環境.起動担当者コード.clear();

@@ -181,7 +181,8 @@ void 他業務連携読込() {
     実行環境.他業務連携件数 = static_cast<std::int16_t>(link_keys.size());
     for (std::size_t slot = 0; slot < link_keys.size(); ++slot) {
         ado::Recordset rs;
-        if (主DB読込(rs, std::string("SELECT TOP 1 * FROM M他業務連携 WHERE コード = '") + link_keys[slot] + "'"))
+        if (主DB読込(rs,
+                     std::string("SELECT TOP 1 * FROM M他業務連携 WHERE コード = '") + link_keys[slot] + "'"))
             take_all(rs, link_fields, 実行環境.他業務連携[slot]);
         rs.Close();
     }

@@ -14,16 +14,20 @@
 namespace kalvane {
 namespace {
 
-bool allows(const std::string& right) { return Val(right) == 0; }
+bool allows(const std::string& right) {
+    return Val(right) == 0;
+}
 
 // Families whose name takes part in the override's key.
-constexpr std::array<std::string_view, 4> families{"Kalvane", "Kalvaneデータ管理", "Kalvane補助機能", "Kalvaneサービスメニュ"};
+constexpr std::array<std::string_view, 4> families{"Kalvane", "Kalvaneデータ管理", "Kalvane補助機能",
+                                                   "Kalvaneサービスメニュ"};
 
 // The row that overrides the operator's eight rights for the program; true when there was one.
 bool read_override(const std::string& family, const std::string& program, bool& result) {
     if (実行環境.起動担当者コード.empty()) return false;
     std::string sql =
-        "SELECT 担当者別操作許可プログラム.* FROM 担当者別操作許可プログラム WHERE 担当者別操作許可プログラム.担当者コード = '" +
+        "SELECT 担当者別操作許可プログラム.* FROM 担当者別操作許可プログラム WHERE "
+        "担当者別操作許可プログラム.担当者コード = '" +
         実行環境.起動担当者コード + "'";
     if (std::find(families.begin(), families.end(), family) != families.end())
         sql += " AND 担当者別操作許可プログラム.業務メニュ = '" + family + "'";

@@ -6,7 +6,16 @@
 namespace kalvane {
 
 // Kinds of operation.
-enum class Operation : std::int16_t { start = 0, input, modify, erase, print, preview, text_output, image_output };
+enum class Operation : std::int16_t {
+    start = 0,
+    input,
+    modify,
+    erase,
+    print,
+    preview,
+    text_output,
+    image_output
+};
 
 // True when the operator may act. Without PINs rights are not enforced; with them the sign-on box shows when
 // there is no saved operator or the saved one lacks the right.

@@ -11,16 +11,21 @@
 namespace kalvane {
 namespace {
 
-SignOnBox& box() { return msg暗証番号確認; }
+SignOnBox& box() {
+    return msg暗証番号確認;
+}
 
 // Employed, or leaving after today; of this site or of the head office.
 std::string conditions() {
-    return " AND (M担当者.在籍区分 = '0' OR (M担当者.在籍区分 = '1' AND M担当者.退社日付 <>'' AND M担当者.退社日付 > '" + 現在日付() +
-           "')) AND (M担当者.事業所コード = '" + 実行環境.事業所コード + "' OR M担当者.事業所コード = '" + 全社事業所 + "')";
+    return " AND (M担当者.在籍区分 = '0' OR (M担当者.在籍区分 = '1' AND M担当者.退社日付 <>'' AND "
+           "M担当者.退社日付 > '" +
+           現在日付() + "')) AND (M担当者.事業所コード = '" + 実行環境.事業所コード +
+           "' OR M担当者.事業所コード = '" + 全社事業所 + "')";
 }
 
 bool find_operator(ado::Recordset& rs, const char* column, const std::string& value) {
-    return 主DB読込(rs, std::string("SELECT M担当者.* FROM M担当者 WHERE M担当者.") + column + " = '" + value + "'" + conditions());
+    return 主DB読込(rs, std::string("SELECT M担当者.* FROM M担当者 WHERE M担当者.") + column + " = '" +
+                            value + "'" + conditions());
 }
 
 void show_operator(const ado::Recordset& rs) {
@@ -57,7 +62,8 @@ void ログイン担当者検索() {
 
 bool 起動担当者更新(const std::string& code) {
     if (blank(code)) return true;
-    if (!設定DB実行記録("UPDATE 動作環境定義 SET 起動担当者コード = '" + code + "'  WHERE 動作環境定義ID = '001'")) {
+    if (!設定DB実行記録("UPDATE 動作環境定義 SET 起動担当者コード = '" + code +
+                        "'  WHERE 動作環境定義ID = '001'")) {
         message_box("データベースに問題が発生し修正できませんでした。");
         return false;
     }
@@ -116,17 +122,25 @@ struct Part {
     int max_length;
     Handler click;
 };
-void to_code(Control&) { set_focus(box().担当者コード); }
-void to_pin(Control&) { set_focus(box().暗証番号); }
+void to_code(Control&) {
+    set_focus(box().担当者コード);
+}
+void to_pin(Control&) {
+    set_focus(box().暗証番号);
+}
 constexpr Part parts[] = {
-    {&SignOnBox::itm_ttl_担当者コード, ControlKind::label, "itm_ttl_担当者コード", "担当者コード", InputMode::none, 0, to_code},
+    {&SignOnBox::itm_ttl_担当者コード, ControlKind::label, "itm_ttl_担当者コード", "担当者コード",
+     InputMode::none, 0, to_code},
     {&SignOnBox::担当者コード, ControlKind::xField, "担当者コード", "", InputMode::digits, 5, nullptr},
-    {&SignOnBox::itm_ttl_担当者名, ControlKind::label, "itm_ttl_担当者名", "担当者名", InputMode::none, 0, to_pin},
+    {&SignOnBox::itm_ttl_担当者名, ControlKind::label, "itm_ttl_担当者名", "担当者名", InputMode::none, 0,
+     to_pin},
     {&SignOnBox::担当者名, ControlKind::xField, "担当者名", "", InputMode::none, 0, nullptr},
-    {&SignOnBox::itm_ttl_暗証番号, ControlKind::label, "itm_ttl_暗証番号", "暗証番号", InputMode::none, 0, to_pin},
+    {&SignOnBox::itm_ttl_暗証番号, ControlKind::label, "itm_ttl_暗証番号", "暗証番号", InputMode::none, 0,
+     to_pin},
     {&SignOnBox::暗証番号, ControlKind::xPass, "暗証番号", "", InputMode::plain, 20, nullptr},
     {&SignOnBox::btn_OK, ControlKind::SSCommand, "btn_OK", "OK", InputMode::none, 0, ok_clicked},
-    {&SignOnBox::btn_キャンセル, ControlKind::SSCommand, "btn_キャンセル", "キャンセル", InputMode::none, 0, cancel_clicked},
+    {&SignOnBox::btn_キャンセル, ControlKind::SSCommand, "btn_キャンセル", "キャンセル", InputMode::none, 0,
+     cancel_clicked},
 };
 
 void build() {

@@ -13,8 +13,8 @@ struct SignOnBox : Form {
 };
 inline SignOnBox msg暗証番号確認;
 
-// Asks the operator to sign on, modally. 暗証番号確認済 tells the outcome; a right PIN makes the operator that of
-// the process and of later starts.
+// Asks the operator to sign on, modally. 暗証番号確認済 tells the outcome; a right PIN makes the operator
+// that of the process and of later starts.
 void 暗証番号確認表示(const std::string& caption);
 
 }  // namespace kalvane

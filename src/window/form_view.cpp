@@ -56,7 +56,8 @@ void edited(Mirror& m, const std::string& typed) {
     Control& c = *m.placed.control;
     if (window_state.syncing) return;
     const std::string text = filtered(c, typed);
-    if (!takes_input(*c.form) || c.form->active != &c || text == model_text(c)) {
+    const bool typed_alike = typed == text && c.select_all;  // the same over itself is typing, too
+    if (!takes_input(*c.form) || c.form->active != &c || (text == model_text(c) && !typed_alike)) {
         sync_widget(m, c.form->active == &c);
         return;
     }

@@ -26,23 +26,13 @@ TEST(Currency, FromDouble) {
 }
 
 TEST(Currency, Products) {
-    const std::int64_t rows[][3] = {{125000, 30000, 375000},
-                                    {5, 1000, 0},
-                                    {5, 3000, 2},
-                                    {-5, 3000, -2},
-                                    {5, 5000, 2},
-                                    {5, 7000, 4},
-                                    {5, 7001, 4},
-                                    {-5, -7000, 4},
-                                    {5, 1001, 1},
-                                    {most, 10000, most},
-                                    {least, 10000, least}};
-    for (const auto& [a, b, product] : rows)
-        EXPECT_EQ((units(a) * units(b)).units(), product) << a << '*' << b;
+    for (const auto& r : test::table(R"(125000|30000|375000 ; 5|1000|0 ; 5|3000|2 ; -5|3000|-2 ; 5|5000|2
+        5|7000|4 ; 5|7001|4 ; -5|-7000|4 ; 5|1001|1 ; 9223372036854775807|10000|9223372036854775807
+        -9223372036854775808|10000|-9223372036854775808)"))
+        EXPECT_EQ((units(std::stoll(r[0])) * units(std::stoll(r[1]))).units(), std::stoll(r[2])) << r[0];
     EXPECT_EQ(times(units(12345), -10).units(), -123450);
-    const std::int64_t cut[][2] = {
-        {129999, 120000}, {-129999, -120000}, {9999, 0}, {-9999, 0}, {-10000, -10000}};
-    for (const auto& [a, whole] : cut) EXPECT_EQ(Fix(units(a)).units(), whole);
+    for (const auto& r : test::table("129999|120000 ; -129999|-120000 ; 9999|0 ; -9999|0 ; -10000|-10000"))
+        EXPECT_EQ(Fix(units(std::stoll(r[0]))).units(), std::stoll(r[1])) << r[0];
 }
 
 TEST(Currency, LeavingTheRangeIsAFailure) {

@@ -10,27 +10,21 @@ namespace {
 const std::string broken = "あ\xE3\x81い\xFF";  // あ, two broken bytes, い, one broken byte
 
 TEST(Text, CountsCharactersAndPageBytes) {
-    struct Row {
-        std::string text;
-        std::size_t length, bytes;
-    };
-    const Row rows[] = {{"", 0, 0},
-                        {"abc", 3, 3},
-                        {"あいう", 3, 6},
-                        {"ｱｲﾞ｡", 4, 4},
-                        {"￥é", 2, 4},
-                        {"𠮷野家", 3, 6},
-                        {broken, 5, 10},
-                        {"\xC0\x80", 2, 4},          // overlong
-                        {"\xED\xA0\x80", 3, 6},      // surrogate
-                        {"\xF4\x90\x80\x80", 4, 8},  // behind the last code point
-                        {"\xF0\xA0\xAE", 3, 6},      // cut off
-                        {std::string("a\0b", 3), 3, 3}};
-    for (const Row& r : rows) {
-        EXPECT_EQ(Len(r.text), r.length) << r.text;
-        EXPECT_EQ(ByteLen(r.text), r.bytes) << r.text;
-        EXPECT_EQ(characters(r.text).size(), r.length) << r.text;
+    auto rows = test::table("abc|3|3 ; あいう|3|6 ; ｱｲﾞ｡|4|4 ; ￥é|2|4 ; 𠮷野家|3|6");
+    // overlong twice, a surrogate, behind the last code point, cut off
+    for (const char* bytes :
+         {"\xC0\x80", "\xE0\x80\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xF0\xA0\xAE"}) {
+        const std::size_t size = std::string(bytes).size();
+        rows.push_back({bytes, std::to_string(size), std::to_string(2 * size)});
     }
+    rows.push_back({broken, "5", "10"});
+    rows.push_back({std::string("a\0b", 3), "3", "3"});
+    for (const auto& r : rows) {
+        EXPECT_EQ(Len(r[0]), std::stoul(r[1])) << r[0];
+        EXPECT_EQ(ByteLen(r[0]), std::stoul(r[2])) << r[0];
+        EXPECT_EQ(characters(r[0]).size(), std::stoul(r[1])) << r[0];
+    }
+    EXPECT_EQ(Len("") + ByteLen("") + characters("").size(), 0U);
 }
 
 TEST(Text, MidLeftRight) {
@@ -48,18 +42,14 @@ TEST(Text, MidLeftRight) {
 }
 
 TEST(Text, InStr) {
-    struct Row {
-        std::size_t start;
-        std::string text, find;
-        std::size_t position;
-    };
-    const Row rows[] = {{1, "あいうい", "い", 2}, {3, "あいうい", "い", 4}, {5, "あいうい", "い", 0},
-                        {0, "あい", "あ", 0},     {1, "あい", "う", 0},     {2, "あい", "", 2},
-                        {3, "あい", "", 0},       {1, "", "", 0},           {1, "aab", "ab", 2},
-                        {1, "あい", "\x81", 0},   {1, "あい", "\xE3", 0},   {1, "ab", "abc", 0},
-                        {1, broken, "い", 4},     {1, broken, "\xFF", 5}};
-    for (const Row& r : rows)
-        EXPECT_EQ(InStr(r.start, r.text, r.find), r.position) << r.text << ' ' << r.find;
+    for (const auto& r : test::table(
+             R"(1|あいうい|い|2 ; 3|あいうい|い|4 ; 5|あいうい|い|0 ; 0|あい|あ|0 ; 1|あい|う|0 ; 2|あい||2
+        3|あい||0 ; 1|||0 ; 1|aab|ab|2 ; 1|ab|abc|0)"))
+        EXPECT_EQ(InStr(std::stoul(r[0]), r[1], r[2]), std::stoul(r[3])) << r[1] << ' ' << r[2];
+    // no match begins inside a character
+    EXPECT_EQ(InStr(1, "あい", "\x81") + InStr(1, "あい", "\xE3"), 0U);
+    EXPECT_EQ(InStr(1, broken, "い"), 4U);
+    EXPECT_EQ(InStr(1, broken, "\xFF"), 5U);
 }
 
 TEST(Text, TrimsOnlyTheAsciiBlank) {
@@ -72,8 +62,8 @@ TEST(Text, TrimsOnlyTheAsciiBlank) {
 // A tie between two doubles goes to the even one.
 TEST(Text, Val) {
     for (const auto& r : test::table(R"(|0 ; 12|12 ; -12.50|-12.5 ; +3|3 ; 1,234|1 ; 12abc|12 ; A1|0 ; .5|0.5
-        5.|5 ; -|0 ; .|0 ; 1e5|1 ; 0x10|0 ; inf|0 ; nan|0 ; --1|0 ; - 1|0 ; 00012|12 ; １２|0 ; 1.2.3|1.2 ; 1 2|1
-        9007199254740993|9007199254740992 ; 9007199254740993.1|9007199254740994 ; 0.1|0.1)"))
+        5.|5 ; -|0 ; .|0 ; 1e5|1 ; 0x10|0 ; inf|0 ; nan|0 ; --1|0 ; - 1|0 ; 00012|12 ; １２|0 ; 1.2.3|1.2
+        1 2|1 ; 9007199254740993|9007199254740992 ; 9007199254740993.1|9007199254740994 ; 0.1|0.1)"))
         EXPECT_EQ(Val(r[0]), std::stod(r[1])) << r[0];
     EXPECT_EQ(Val("  12"), 12);
     EXPECT_EQ(Val("\t1"), 0);

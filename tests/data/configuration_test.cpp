@@ -1,38 +1,32 @@
 // Finding the installation, the two connections, the per-user copies.
 #include "data/configuration.h"
 
-#include <gtest/gtest.h>
-
+#include "base/text.h"
 #include "data/query.h"
 #include "desktop/wait_box.h"
 #include "startup/start_run.h"
-#include "support/table.h"
 
 namespace kalvane {
 namespace {
 
 namespace fs = std::filesystem;
-using test::history_of;
-using test::Installation;
-using test::Start;
+using namespace test;
 
-// The program behind the installation's root; the kinds of the three databases; changes before, "old>new"
-// moved,
-// ">new" laid down, "old>" taken away; the program's root, behind the installation's. prgbin is looked for
-// first, wherever it stands, and only the folder is looked at.
+// The program behind the installation's root; changes before, "old>new" moved, ">new" laid down, "old>" taken
+// away; the program's root, behind the installation's, and its three databases, "-" for none. prgbin is
+// looked for first, wherever it stands, and only the folder is looked at.
 TEST(配置, 環境定義) {
-    for (const auto& r :
-         test::table(R"(/prgbin/X|1 1 1|| ; /prgsrc/X|1 1 1|| ; /prgbin/a/b/X|1 1 1|| ; /PrgBin/X|1 1 1||
-        /prgbin/x/prgbin/X|1 1 1|| ; /prgbin/prgsrc/X|1 1 1|| ; /prgsrc/prgbin/X|0 0 0||/prgsrc ; \
-          /prgsrc/prgbin|1 1 1||
-        /prgbin/X|1 1 1|>/conf/usrcnfg.mdb >/data/gnrdb.mdb >/report/repdb.mdb|
-        /prgbin/X|2 2 2|/conf/usrcnfg.accdb>/conf/usrcnfg.mdb /data/gnrdb.accdb>/data/gnrdb.mdb \
-          /report/repdb.accdb>/report/repdb.mdb|
-        /prgbin/X|0 1 0|/data/gnrdb.accdb> /report/repdb.accdb>|
-        /prgbin/X|0 1 1|/data/gnrdb.accdb> /manual>/data/gnrdb.accdb|)")) {
-        SCOPED_TRACE(r[0] + r[2]);
+    for (const auto& r : table(R"(/prgbin/X|||@accdb ; /prgsrc/X|||@accdb ; /prgbin/a/b/X|||@accdb
+        /PrgBin/X|||@accdb ; /prgbin/x/prgbin/X|||@accdb ; /prgbin/prgsrc/X|||@accdb ; /prgsrc/prgbin|||@accdb
+        /prgsrc/prgbin/X||/prgsrc|- - -
+        /prgbin/X|>/conf/usrcnfg.mdb >/data/gnrdb.mdb >/report/repdb.mdb||@accdb
+        /prgbin/X|/conf/usrcnfg.accdb>/conf/usrcnfg.mdb /data/gnrdb.accdb>/data/gnrdb.mdb \
+          /report/repdb.accdb>/report/repdb.mdb||\data\gnrdb.mdb 2 2
+        /prgbin/X|/data/gnrdb.accdb> /report/repdb.accdb>||- 1 -
+        /prgbin/X|/data/gnrdb.accdb> /manual>/data/gnrdb.accdb||- 1 1)")) {
+        SCOPED_TRACE(r[0] + r[1]);
         const Installation at(setup::Content::empty);
-        std::istringstream changes(r[2]);
+        std::istringstream changes(r[1]);
         for (std::string change; changes >> change;) {
             const std::size_t mark = change.find('>');
             const fs::path from = at.root() + change.substr(0, mark),
@@ -44,21 +38,23 @@ TEST(配置, 環境定義) {
             else
                 fs::rename(from, to);
         }
+        const std::string root = os::program_path(at.root() + r[2]);
+        std::istringstream files(Replace(r[3], "@accdb", "\\data\\gnrdb.accdb 1 1"));
+        std::string general, config, report;
+        files >> general >> config >> report;
+
         Start start(at.root(), {.program = r[0]});
-        const int general = r[1][0] - '0', config = r[1][2] - '0', report = r[1][4] - '0';
-        EXPECT_EQ(start.running(), config != 0);
-        const std::string root = os::program_path(at.root() + r[3]);
         const RunContext& c = 実行環境;
+        EXPECT_EQ(start.running(), config != "-");
         EXPECT_EQ(
             c.ルートフォルダ + " " + c.プログラムフォルダ + " " + c.共通設定フォルダ + " " +
                 c.共通帳票フォルダ + " " + c.マニュアルフォルダ,
             root + " " + root + "\\prgbin " + root + "\\conf " + root + "\\report " + root + "\\manual");
-        EXPECT_EQ(c.共通DB種別 * 100 + c.設定DB種別 * 10 + c.帳票DB種別,
-                  general * 100 + config * 10 + report);
-        constexpr const char* endings[] = {"", "\\data\\gnrdb.accdb", "\\data\\gnrdb.mdb"};
-        EXPECT_EQ(c.共通DBパス, general ? root + endings[general] : "");
-        EXPECT_EQ(c.設定フォルダ, config ? root + "\\conf" : "");
-        EXPECT_EQ(c.帳票フォルダ, config ? root + "\\report" : "");
+        EXPECT_EQ(c.共通DBパス, general == "-" ? "" : root + general);
+        EXPECT_EQ(c.共通DB種別, general == "-" ? 0 : general.ends_with(".mdb") ? 2 : 1);
+        EXPECT_EQ(c.設定DB種別 * 10 + c.帳票DB種別, to_i16(config) * 10 + to_i16(report));
+        EXPECT_EQ(c.設定フォルダ, config == "-" ? "" : root + "\\conf");
+        EXPECT_EQ(c.帳票フォルダ, config == "-" ? "" : root + "\\report");
     }
 }
 
@@ -77,11 +73,8 @@ TEST(環境定義, 列の読込) {
     EXPECT_EQ(r.db + r.dbmw, "A m ");  // as they stand
     EXPECT_EQ(r.ドライバ名 + "|" + r.データベース名 + "|" + r.パスワード, "d||p");
     EXPECT_EQ(r.運用事業所コード + r.事業所コード, "000000");
-    EXPECT_EQ(r.CL更新実行区分, 2);
-    EXPECT_EQ(r.バックアップ日付, "20240401");
-    EXPECT_EQ(r.バックアップ方法, 0);
-    EXPECT_EQ(r.日曜バックアップ, 1);
-    EXPECT_EQ(r.バックアップフォルダ, "C:\\b");
+    EXPECT_EQ(r.CL更新実行区分 * 100 + r.バックアップ方法 * 10 + r.日曜バックアップ, 201);
+    EXPECT_EQ(r.バックアップ日付 + r.バックアップフォルダ, "20240401C:\\b");
     EXPECT_EQ(r.データベースパス, os::program_path(at.root() + "/data/kalvane.accdb"));
     EXPECT_EQ(r.主接続.ConnectionTimeout * 1000000 + r.主接続.CommandTimeout * 10 + r.主接続.CursorLocation,
               60300003);
@@ -113,21 +106,20 @@ TEST(設定DB, 再接続) {
     実行環境.設定接続.Close();
     EXPECT_TRUE(設定DB再接続());  // the failing close is passed over
     const std::string file = at.root() + "/conf/usrcnfg.accdb";
-    fs::rename(file, file + "x");
-    EXPECT_FALSE(設定DB再接続());
-    EXPECT_FALSE(実行環境.設定接続中);
-    EXPECT_FALSE(設定DB実行("DELETE FROM 未集計情報"));
-    fs::rename(file + "x", file);
-    EXPECT_TRUE(設定DB再接続());
-    EXPECT_TRUE(実行環境.設定接続中);
-    EXPECT_TRUE(設定DB実行("DELETE FROM 未集計情報"));
+    for (const bool there : {false, true}) {
+        there ? fs::rename(file + "x", file) : fs::rename(file, file + "x");
+        EXPECT_EQ(設定DB再接続(), there);
+        EXPECT_EQ(実行環境.設定接続中, there);
+        EXPECT_EQ(設定DB実行("DELETE FROM 未集計情報"), there);
+    }
 }
 
 // --- a configuration of one's own for each user
 
 std::string content(const std::string& path) {
-    std::ifstream in(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(in), {}};
+    std::ostringstream text;
+    text << std::ifstream(path, std::ios::binary).rdbuf();
+    return text.str();
 }
 std::string seat_report(const std::string& root) {
     std::string names;
@@ -140,11 +132,9 @@ TEST(ユーザ別環境, 複写は一度だけ) {
     const Installation at(setup::Content::empty);
     at.config("UPDATE 動作環境定義 SET インストール区分 = '1', 起動担当者コード = '00001'");
     const std::string users = at.root() + "/users/tanaka";
-    std::vector<std::string> shown;
-    static bool box_open;
-    box_open = false;
+    bool box_open = false;
     {
-        os::file_hook.before = [](std::string_view operation, std::string_view) {
+        os::file_hook.before = [&](std::string_view operation, std::string_view) {
             if (operation == "CopyFile") box_open = box_open || msgお待ち.visible;
         };
         Start start(at.root());

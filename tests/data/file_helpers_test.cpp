@@ -1,17 +1,19 @@
 // The helpers over files and folders.
 #include "data/file_helpers.h"
 
-#include <gtest/gtest.h>
+#include <set>
 
+#include "base/text.h"
 #include "platform/os/files.h"
 #include "platform/screen/form.h"
 #include "platform/screen/host.h"
+#include "support/table.h"
 #include "support/temp_folder.h"
 
 namespace kalvane {
 namespace {
 
-using test::TempFolder;
+using namespace test;
 
 std::vector<std::string> boxes;
 
@@ -34,43 +36,27 @@ struct ファイル : testing::Test {
     }
     // Folders under the temporary one, in the order of their names.
     std::string folders() const {
-        std::vector<std::string> names;
+        std::set<std::string> names;
         for (const auto& e : std::filesystem::recursive_directory_iterator(folder.native()))
-            if (e.is_directory()) names.push_back(e.path().string().substr(folder.native().size() + 1));
-        std::sort(names.begin(), names.end());
+            if (e.is_directory()) names.insert(e.path().string().substr(folder.native().size() + 1));
         std::string out;
         for (const std::string& n : names) out += (out.empty() ? "" : " ") + n;
         return out;
     }
 };
 
+// The path, "~" for the temporary folder, and the folders that are made.
 TEST_F(ファイル, フォルダ作成の経路) {
-    struct {
-        std::string path;  // "~" for the temporary folder
-        const char* made;
-    } const cases[] = {{"", ""},
-                       {"   ", ""},
-                       {"a\\b\\f.txt", ""},  // no drive, no share
-                       {"~\\f.txt", ""},
-                       {"~\\a\\b\\f.txt", "a a/b"},
-                       {"~\\a\\b\\", "a a/b"},
-                       {"~\\日本 語\\f", "日本 語"},
-                       {"\\\\srv\\share\\a\\b\\f",
-                        "shares shares/srv shares/srv/share shares/srv/share/a shares/srv/share/a/b"},
-                       {"\\\\srv\\share\\f", "shares shares/srv shares/srv/share"},
-                       {"\\\\srv\\share", "shares shares/srv shares/srv/share"},
-                       {"\\\\srv", "shares shares/srv shares/srv/share"}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.path);
+    for (const auto& r : table(R"(| ; ~~~| ; a\b\f.txt| ; ~\f.txt| ; ~\a\b\f.txt|a a/b ; ~\a\b\|a a/b
+        ~\日本 語\f|日本 語 ; \\srv\share\a\b\f|@ @/a @/a/b ; \\srv\share\f|@ ; \\srv\share|@ ; \\srv|@)")) {
+        SCOPED_TRACE(r[0]);
         for (const auto& e : std::filesystem::directory_iterator(folder.native()))
             std::filesystem::remove_all(e.path());
-        const bool share = c.path.starts_with("\\\\");
-        if (share) std::filesystem::create_directories(folder.native("shares/srv/share"));
-        std::string path = c.path;
-        if (path.starts_with("~")) path.replace(0, 1, folder.program());
-        フォルダ作成(path);
-        EXPECT_EQ(folders(), c.made);
-        フォルダ作成(path);  // what is there stays, in silence
+        if (r[0].starts_with("\\\\")) std::filesystem::create_directories(folder.native("shares/srv/share"));
+        const std::string path = Replace(Replace(r[0], "~~~", "   "), "~", folder.program());
+        for (int i = 0; i < 2; ++i) フォルダ作成(path);  // what is there stays, in silence
+        EXPECT_EQ(folders(), Replace(r[1].starts_with("@") ? "shares shares/srv " + r[1] : r[1], "@",
+                                     "shares/srv/share"));
         EXPECT_EQ(boxes, std::vector<std::string>{});
     }
 }
@@ -97,23 +83,20 @@ TEST_F(ファイル, 存在と複写と削除) {
     EXPECT_TRUE(ファイル存在確認(p("A/F.TXT")) && フォルダ存在確認(p("a")));
     EXPECT_FALSE(ファイル存在確認(p("a")) || フォルダ存在確認(p("a/f.txt")) || ファイル存在確認("") ||
                  フォルダ存在確認(""));
-    EXPECT_TRUE(ファイル複写(p("a/f.txt"), p("target.txt")));
-    EXPECT_FALSE(ファイル複写(p("none"), p("target.txt")) || ファイル複写(p("a/f.txt"), p("none/x")));
-    EXPECT_TRUE(フォルダ複写(p("a"), p("c")) && フォルダ複写(p("a"), p("c")));
+    EXPECT_TRUE(ファイル複写(p("a/f.txt"), p("target.txt")) && フォルダ複写(p("a"), p("c")) &&
+                フォルダ複写(p("a"), p("c")));
     EXPECT_EQ(folder.read("target.txt") + folder.read("c/f.txt"), "11");
-    EXPECT_FALSE(フォルダ複写(p("none"), p("d")));
-    EXPECT_TRUE(フォルダ削除(p("c")));
-    EXPECT_FALSE(folder.holds("c") || フォルダ削除(p("c")) || フォルダ削除(p("target.txt")));
+    EXPECT_FALSE(ファイル複写(p("none"), p("target.txt")) || ファイル複写(p("a/f.txt"), p("none/x")) ||
+                 フォルダ複写(p("none"), p("d")));
+    EXPECT_TRUE(フォルダ削除(p("c")) && !folder.holds("c"));
+    EXPECT_FALSE(フォルダ削除(p("c")) || フォルダ削除(p("target.txt")));
     EXPECT_EQ(boxes, std::vector<std::string>{});
 }
 
 TEST_F(ファイル, 文字列の終端) {
     using namespace std::string_literals;
-    EXPECT_EQ(文字列終端切詰("name\0   "s), "name");
-    EXPECT_EQ(文字列終端切詰("a\0b\0"s), "a");
-    EXPECT_EQ(文字列終端切詰("\0name"s), "");
-    EXPECT_EQ(文字列終端切詰("name"s), "");
-    EXPECT_EQ(文字列終端切詰(""s), "");
+    EXPECT_EQ(文字列終端切詰("name\0   "s) + "|" + 文字列終端切詰("a\0b\0"s), "name|a");
+    for (const std::string& text : {"\0name"s, "name"s, ""s}) EXPECT_EQ(文字列終端切詰(text), "");
 }
 
 }  // namespace

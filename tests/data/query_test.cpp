@@ -1,56 +1,35 @@
 // The query helpers, the texts of their statements, and the rows that they leave in the run history.
 #include "data/query.h"
 
-#include <gtest/gtest.h>
-
 #include <functional>
 #include <map>
 
 #include "base/text.h"
 #include "data/history_row.h"
 #include "startup/start_run.h"
-#include "support/table.h"
 
 namespace kalvane {
 namespace {
 
-using test::history_of;
-using test::Installation;
-using test::Start;
+using namespace test;
 
 TEST(文, 引用符とゼロ) {
-    struct {
-        const char *text, *doubled;
-    } const cases[] = {{"", ""},         {"   ", ""},          {"O'Neil  ", "O''Neil"},
-                       {"'", "''"},      {"''x'", "''''x''"},  {"  a b ", "  a b"},
-                       {"' '", "'' ''"}, {"全角　", "全角　"}, {"a\t ", "a\t"}};
-    for (const auto& c : cases) EXPECT_EQ(引用符二重化(c.text), c.doubled) << c.text;
+    for (const auto& r : table("O'Neil  |O''Neil ; ''x'|''''x'' ; 全角　\t |全角　\t"))
+        EXPECT_EQ(引用符二重化(r[0]), r[1]);
+    EXPECT_EQ(引用符二重化("   ") + 引用符二重化("  a b "), "  a b");
     EXPECT_EQ(ゼロ文字列(3) + "|" + ゼロ文字列(1) + "|" + ゼロ文字列(0) + "|" + ゼロ文字列(-5), "000|0||");
 }
 
 // A call by its word, its statement ("~" for a blank at its end), the result, the row behind the start row.
 TEST(問合せ, 結果と履歴) {
-    const auto read = [](const std::string& sql, bool log) {
-        ado::Recordset rs;
-        const bool found = 主DB読込(rs, sql, log);
-        rs.Close();
-        return found;
-    };
+    ado::Recordset rs;
     const std::map<std::string, std::function<bool(const std::string&)>> calls{
-        {"read", [&](const std::string& sql) { return read(sql, false); }},
-        {"read_logged", [&](const std::string& sql) { return read(sql, true); }},
+        {"read", [&](const std::string& sql) { return 主DB読込(rs, sql, false); }},
+        {"read_logged", [&](const std::string& sql) { return 主DB読込(rs, sql, true); }},
         {"run", [](const std::string& sql) { return 主DB実行(sql); }},
         {"run_logged", [](const std::string& sql) { return 主DB実行(sql, true); }},
-        {"config",
-         [](const std::string& sql) {
-             ado::Recordset rs;
-             return 設定DB参照(rs, sql);
-         }},
-        {"config_at_start",
-         [](const std::string& sql) {
-             ado::Recordset rs;
-             return 設定DB読込(rs, sql);
-         }},
+        {"config", [&](const std::string& sql) { return 設定DB参照(rs, sql); }},
+        {"config_at_start", [&](const std::string& sql) { return 設定DB読込(rs, sql); }},
         {"config_run", [](const std::string& sql) { return 設定DB実行(sql); }},
         {"config_run_logged", [](const std::string& sql) { return 設定DB実行記録(sql); }},
         {"log", [](const std::string& sql) { return 稼動履歴出力記録(sql), true; }}};
@@ -58,7 +37,7 @@ TEST(問合せ, 結果と履歴) {
     Start start(at.root());
     ASSERT_TRUE(start.running());
     // a failing history row must not call itself for ever; the business database has no such test
-    for (const auto& r : test::table(R"(read|SELECT * FROM M担当者 WHERE コード = '00001'|1|
+    for (const auto& r : table(R"(read|SELECT * FROM M担当者 WHERE コード = '00001'|1|
         read_logged|SELECT * FROM M担当者 WHERE コード = '00001'~|1|出力終了 SELECT * FROM M担当者 WHERE \
           コード = '00001'
         read|SELECT * FROM M担当者 WHERE コード = 'x'||
@@ -84,6 +63,7 @@ TEST(問合せ, 結果と履歴) {
         SCOPED_TRACE(r[0] + " " + r[1]);
         at.config("DELETE FROM プログラム稼動履歴");
         EXPECT_EQ(calls.at(r[0])(Replace(r[1], "~", " ")), r[2] == "1");
+        rs.Close();
         EXPECT_EQ(history_of(at), r[3].empty() ? std::vector<std::string>{} : std::vector{r[3]});
     }
     EXPECT_TRUE(Start::boxes.empty());

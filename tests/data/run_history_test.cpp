@@ -1,34 +1,30 @@
 // Usage rows, the retention, and history rows that are lost.
 #include "data/run_history.h"
 
-#include <gtest/gtest.h>
-
 #include "data/history_row.h"
 #include "startup/start_run.h"
 
 namespace kalvane {
 namespace {
 
-using test::history_of;
-using test::Installation;
-using test::Start;
+using namespace test;
 
 TEST(使用状況, 開始と終了は別々に残る) {
     const Installation at(setup::Content::empty);
     at.main(
-        "INSERT INTO 使用状況 VALUES ('SEAT01', 'tanaka', 'KalvaneOther', '20240409 080000', '20240409 "
-        "170000')");
-    at.main("INSERT INTO 使用状況 VALUES ('SEAT02', 'tanaka', 'KalvaneOther', '20240409 080000', '')");
-    constexpr const char* seat = "SELECT * FROM 使用状況 WHERE コンピュータID = 'SEAT01'";
+        "INSERT INTO 使用状況 VALUES ('SEAT01', 'tanaka', 'Other', '20240409 080000', '20240409 170000'), "
+        "('SEAT02', 'tanaka', 'Other', '20240409 080000', '')");
+    constexpr const char* seat =
+        "SELECT プログラムID, 開始日時, 終了日時 FROM 使用状況 WHERE コンピュータID = 'SEAT01'";
     Start start(at.root());
-    EXPECT_EQ(at.main(seat), "SEAT01|tanaka|KalvaneInvoiceEntry|20240410 093000|20240409 170000");
+    EXPECT_EQ(at.main(seat), "KalvaneInvoiceEntry|20240410 093000|20240409 170000");
     os::advance_clock(90 * 1000);
     使用終了記録();
-    EXPECT_EQ(at.main(seat), "SEAT01|tanaka|KalvaneInvoiceEntry|20240410 093000|20240410 093130");
+    EXPECT_EQ(at.main(seat), "KalvaneInvoiceEntry|20240410 093000|20240410 093130");
     at.main("DELETE FROM 使用状況 WHERE コンピュータID = 'SEAT01'");
     start.end();
-    EXPECT_EQ(at.main(seat), "SEAT01|tanaka|KalvaneInvoiceEntry||20240410 093130");
-    EXPECT_EQ(at.main("SELECT プログラムID FROM 使用状況 WHERE コンピュータID = 'SEAT02'"), "KalvaneOther");
+    EXPECT_EQ(at.main(seat), "KalvaneInvoiceEntry||20240410 093130");
+    EXPECT_EQ(at.main("SELECT プログラムID FROM 使用状況 WHERE コンピュータID = 'SEAT02'"), "Other");
 }
 
 TEST(使用状況, 整理) {
@@ -36,8 +32,7 @@ TEST(使用状況, 整理) {
     Start start(at.root());
     struct {
         DateTime today;
-        const char* gone;  // the latest end that goes
-        const char* kept;
+        const char *gone, *kept;  // the latest end that goes, and the next
     } const cases[] = {{{{2024, 4, 10}, 0, 0, 0}, "20240309 235959", "20240310 000000"},
                        {{{2024, 3, 31}, 0, 0, 0}, "20240228 235959", "20240229 000000"},
                        {{{2024, 1, 15}, 23, 59, 59}, "20231214 235959", "20231215 000000"}};
@@ -45,47 +40,38 @@ TEST(使用状況, 整理) {
         os::freeze_clock(c.today);
         at.main("DELETE FROM 使用状況");
         for (const char* end : {c.gone, c.kept, "", "x"})
-            at.main(std::string("INSERT INTO 使用状況 VALUES ('C', 'U', 'P', '19990101 000000', '") + end +
-                    "')");
+            at.main(std::string("INSERT INTO 使用状況 (終了日時) VALUES ('") + end + "')");
         使用状況整理();
         EXPECT_EQ(at.main("SELECT 終了日時 FROM 使用状況 ORDER BY rowid"), std::string(c.kept) + "\n\nx");
     }
 }
 
+// A table, its column of time, and the latest time that goes; a second later stays.
 TEST(履歴, 整理) {
     const Installation at(setup::Content::empty);
     Start start(at.root());
-    struct {
-        const char *table, *column, *limit, *behind;
-    } const cases[] = {{"プログラム稼動履歴", "実行日付", "20231010 093000", "20231010 093001"},
-                       {"プログラム連携情報", "発信日時", "20240407 093000", "20240407 093001"},
-                       {"プログラムクリップボード", "貼付日時", "20240407 093000", "20240407 093001"},
-                       {"プログラムクリップボード明細", "貼付日時", "20240407 093000", "20240407 093001"}};
-    const auto deletes = [&start] {
-        std::vector<std::string> found;
-        for (const std::string& s : start.statements)
-            if (s.starts_with("config DELETE")) found.push_back(s.substr(7));
-        return found;
-    };
-    履歴整理();  // nothing is old enough
-    EXPECT_EQ(deletes(), std::vector<std::string>{});
+    start.statements.clear();
     std::vector<std::string> expected;
-    for (const auto& c : cases) {
-        for (const char* at_time : {c.limit, c.behind})
-            at.config(std::string("INSERT INTO ") + c.table + " (" + c.column + ") VALUES ('" + at_time +
-                      "')");
-        expected.push_back(std::string("DELETE FROM ") + c.table + " WHERE " + c.column + " <= '" + c.limit +
-                           "'");
+    const auto rows =
+        table(R"(プログラム稼動履歴|実行日付|20231010 09300 ; プログラム連携情報|発信日時|20240407 09300
+        プログラムクリップボード|貼付日時|20240407 09300 ; プログラムクリップボード明細|貼付日時|20240407 09300)");
+    const auto tidy = [&] {
+        履歴整理();
+        std::erase_if(start.statements, [](auto& s) { return !s.starts_with("config DELETE"); });
+        return start.statements;
+    };
+    EXPECT_EQ(tidy(), expected);  // nothing is old enough
+    for (const auto& r : rows) {
+        for (const char* second : {"0", "1"})
+            at.config("INSERT INTO " + r[0] + " (" + r[1] + ") VALUES ('" + r[2] + second + "')");
+        expected.push_back("config DELETE FROM " + r[0] + " WHERE " + r[1] + " <= '" + r[2] + "0'");
     }
-    履歴整理();
-    EXPECT_EQ(deletes(), expected);
-    for (const auto& c : cases)
-        EXPECT_EQ(at.config(std::string("SELECT MIN(") + c.column + ") FROM " + c.table), c.behind);
+    EXPECT_EQ(tidy(), expected);
+    for (const auto& r : rows) EXPECT_EQ(at.config("SELECT MIN(" + r[1] + ") FROM " + r[0]), r[2] + "1");
     // the end of February is as far back as the month goes
     os::freeze_clock({{2024, 8, 31}, 0, 0, 0});
     at.config("INSERT INTO プログラム稼動履歴 (実行日付) VALUES ('20240101 000000')");
-    履歴整理();
-    EXPECT_EQ(deletes()[4], "DELETE FROM プログラム稼動履歴 WHERE 実行日付 <= '20240229 000000'");
+    EXPECT_EQ(tidy()[4], "config DELETE FROM プログラム稼動履歴 WHERE 実行日付 <= '20240229 000000'");
 }
 
 TEST(履歴, 行の内容) {
@@ -106,11 +92,9 @@ TEST(履歴, 失われた行) {
     const Installation at(setup::Content::empty);
     {
         Start start(at.root());
-        os::advance_clock(1000);
         at.config("ALTER TABLE プログラム稼動履歴 RENAME TO 別");
         稼動履歴出力記録("SELECT 1");
         稼動履歴エラー記録("x");
-        EXPECT_EQ(実行環境.proccounter, 3);
         start.end();
         EXPECT_EQ(実行環境.proccounter, 4);
         EXPECT_TRUE(Start::boxes.empty());

@@ -1,70 +1,58 @@
 // The wheel over the entry screen, and the wait box.
 #include <gtest/gtest.h>
 
-#include "desktop/client_trust.h"
 #include "desktop/wait_box.h"
 #include "desktop/wheel.h"
 #include "platform/screen/host.h"
+#include "support/table.h"
 
 namespace kalvane {
 namespace {
 
 int former_calls = 0;
+std::vector<Pump> pumps;
 
-struct Wheeled : Form {
+struct 備品 : testing::Test {
+    Form form;
     Control bar;
-    Wheeled() {
-        name = "form";
-        add_control(*this, bar, ControlKind::scroll, "bar");
-        Wheel = [](Form&, int) { ++former_calls; };
+    void SetUp() override {
+        reset_screen();
+        host = {};
+        add_control(form, bar, ControlKind::scroll, "bar");
+        form.Wheel = [](Form&, int) { ++former_calls; };
+        show_form(form);
+    }
+    void TearDown() override {
+        host = {};
+        reset_screen();
+    }
+    int turn(int from, int notches) {
+        set_number(bar, from);
+        former_calls = 0;
+        turn_wheel(form, notches);
+        EXPECT_EQ(former_calls, std::abs(notches));  // the message reaches the form in any case
+        return bar.number;
     }
 };
 
-TEST(ホイール, 行の移動) {
-    reset_screen();
-    Wheeled form;
-    load_form(form);
-    show_form(form);
-    EXPECT_TRUE(マウスホイール開始(form, form.bar, 2));
-    struct {
-        const char* name;
-        bool enabled;
-        int from, low, high, notches, to;
-    } const cases[] = {
-        {"toward", true, 0, 0, 10, -1, 2},         {"away", true, 6, 0, 10, 1, 4},
-        {"three", true, 0, 0, 10, -3, 6},          {"held_at_the_end", true, 9, 0, 10, -1, 10},
-        {"at_the_end", true, 10, 0, 10, -1, 10},   {"at_the_start", true, 1, 0, 10, 1, 0},
-        {"turned_limits", true, 5, 10, 0, -4, 10}, {"turned_limits_away", true, 1, 10, 0, 1, 0},
-        {"disabled", false, 4, 0, 10, -1, 4}};
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        set_enabled(form.bar, c.enabled);
-        set_scroll_range(form.bar, c.low, c.high);
-        set_number(form.bar, c.from);
-        former_calls = 0;
-        turn_wheel(form, c.notches);
-        EXPECT_EQ(form.bar.number, c.to);
-        EXPECT_EQ(former_calls, std::abs(c.notches));  // the message reaches the form in any case
+TEST_F(備品, ホイールの行の移動) {
+    EXPECT_TRUE(マウスホイール開始(form, bar, 2));
+    // the bar's limits and place, the notches, the place then
+    for (const auto& r : test::table(R"(0|10|0|-1|2 ; 0|10|6|1|4 ; 0|10|0|-3|6 ; 0|10|9|-1|10 ; 0|10|10|-1|10
+        0|10|1|1|0 ; 10|0|5|-4|10 ; 10|0|1|1|0)")) {
+        set_scroll_range(bar, std::stoi(r[0]), std::stoi(r[1]));
+        EXPECT_EQ(turn(std::stoi(r[2]), std::stoi(r[3])), std::stoi(r[4])) << r[2] << " by " << r[3];
     }
-    set_enabled(form.bar, true);
-    set_number(form.bar, 4);
+    set_enabled(bar, false);
+    EXPECT_EQ(turn(4, -1), 4);
+    set_enabled(bar, true);
     EXPECT_TRUE(マウスホイール終了());
-    former_calls = 0;
-    turn_wheel(form, -1);
-    EXPECT_EQ(form.bar.number, 4);
-    EXPECT_EQ(former_calls, 1);
+    EXPECT_EQ(turn(4, -1), 4);
     EXPECT_TRUE(マウスホイール終了());  // nothing to take off
-    reset_screen();
 }
 
-TEST(お待ち, 表示と終了) {
-    reset_screen();
-    Wheeled form;
-    load_form(form);
-    show_form(form);
-    static std::vector<Pump> pumps;
+TEST_F(備品, お待ちの表示と終了) {
     pumps.clear();
-    host = {};
     host.pump = [](Pump what) { pumps.push_back(what); };
     for (int i = 0; i < 2; ++i) {
         お待ち表示();
@@ -75,12 +63,6 @@ TEST(お待ち, 表示と終了) {
         EXPECT_EQ(top_form(), &form);
     }
     EXPECT_EQ(pumps, std::vector<Pump>(2, Pump::paint));
-    host = {};
-    reset_screen();
-}
-
-TEST(信頼設定, 相手なし) {
-    EXPECT_FALSE(Access信頼設定());
 }
 
 }  // namespace

@@ -7,33 +7,28 @@ namespace {
 
 using namespace test;
 
+// Master, columns, rows parted by "/" with values parted by ",".
+constexpr const char* masters =
+    R"(M部門|コード 名称|001,営業部/002,開発部 ; Mセクション|コード 名称|011,一課/012,二課
+    M担当者|コード 氏名 事業所コード 部門コード セクションコード 在籍区分|00001,山田,001,001,011,0/\
+        00002,鈴木,002,002,012,0/00003,本社,000,009,019,0/00004,退職,001,001,011,1
+    M得意先|コード 名称A 名称B 御担当者名 担当者コード 消費税区分 消費税算出区分 消費税丸め方法 消費税丸め桁位置 \
+        消費税端数調整区分 名称入力区分 取引状況区分|000001,甲社,東京,佐藤,00001,2,1,5,-1,1,1,1/\
+        000002,乙社,,,00003,1,3,0,0,0,0,1/000003,丙社,,,00001,1,2,0,0,0,0,3/000004,丁社,,,00099,1,2,0,0,0,0,1
+    M得意先御担当者|得意先コード 御担当者コード 氏名|000001,00007,田中/000002,00007,別人
+    M納品先|コード 名称A 名称B 担当者コード 名称入力区分 取引状況区分|000001,倉庫,北,00001,0,1/000002,閉鎖,,,0,3/\
+        000003,無人,,00099,0,1
+    M仕入先|コード 名称A 消費税区分 消費税算出区分 消費税丸め方法 消費税丸め桁位置 消費税端数調整区分 名称入力区分 \
+        取引状況区分|000001,問屋,2,3,9,1,1,1,1/000002,廃業,1,1,0,0,0,0,3
+    M商品|コード 名称A 名称B 単位 取扱状況区分 仕入先コード 売上課税区分 売上消費税区分 仕入課税区分 仕入消費税区分 \
+        税抜販売単価 税込販売単価 税抜仕入単価 税込仕入単価|A-1,机,大,台,1,000001,2,2,0,1,100.5,108,50,55/\
+        B,備考,,式,1,000002,0,1,0,1,10,11,5,6/C,摘,要,式,1,,0,0,0,0,10,11,5,6/D,,,式,1,,0,0,0,0,10,11,5,6/\
+        E,備考欄,,式,1,,0,0,0,0,10,11,5,6/X,廃番,,,3,,0,0,0,0,10,11,5,6)";
+
 struct Lookups : ProgramDatabase {
     void SetUp() override {
         ProgramDatabase::SetUp();
-        put("M部門", "コード 名称", "001|営業部\n002|開発部");
-        put("Mセクション", "コード 名称", "011|一課\n012|二課");
-        put("M担当者", "コード 氏名 事業所コード 部門コード セクションコード 在籍区分",
-            "00001|山田|001|001|011|0\n00002|鈴木|002|002|012|0\n00003|本社|000|009|019|0\n00004|退職|001|"
-            "001|011|1");
-        put("M得意先",
-            "コード 名称A 名称B 御担当者名 担当者コード 消費税区分 消費税算出区分 消費税丸め方法 "
-            "消費税丸め桁位置 消費税端数調整区分 名称入力区分 取引状況区分",
-            "000001|甲社|東京|佐藤|00001|2|1|5|-1|1|1|1\n000002|乙社|||00003|1|3|0|0|0|0|1\n"
-            "000003|丙社|||00001|1|2|0|0|0|0|3\n000004|丁社|||00099|1|2|0|0|0|0|1");
-        put("M得意先御担当者", "得意先コード 御担当者コード 氏名", "000001|00007|田中\n000002|00007|別人");
-        put("M納品先", "コード 名称A 名称B 担当者コード 名称入力区分 取引状況区分",
-            "000001|倉庫|北|00001|0|1\n000002|閉鎖|||0|3\n000003|無人||00099|0|1");
-        put("M仕入先",
-            "コード 名称A 消費税区分 消費税算出区分 消費税丸め方法 消費税丸め桁位置 消費税端数調整区分 "
-            "名称入力区分 取引状況区分",
-            "000001|問屋|2|3|9|1|1|1|1\n000002|廃業|1|1|0|0|0|0|3");
-        put("M商品",
-            "コード 名称A 名称B 単位 取扱状況区分 仕入先コード 売上課税区分 売上消費税区分 仕入課税区分 "
-            "仕入消費税区分 税抜販売単価 税込販売単価 税抜仕入単価 税込仕入単価",
-            "A-1|机|大|台|1|000001|2|2|0|1|100.5|108|50|55\nB|備考||式|1|000002|0|1|0|1|10|11|5|6\n"
-            "C|摘|要|式|1||0|0|0|0|10|11|5|6\nD|||式|1||0|0|0|0|10|11|5|6\nE|備考欄||式|1||0|0|0|0|10|11|5|"
-            "6\n"
-            "X|廃番|||3||0|0|0|0|10|11|5|6");
+        for (const auto& r : table(masters)) put(r[0], r[1], Replace(Replace(r[2], ",", "|"), "/", "\n"));
         statements.clear();
     }
 };
@@ -50,6 +45,7 @@ const std::pair<bool (*)(const std::string&), const char*> decisions[] = {
           得意先消費税端数調整区分=1 得意先名称入力区分=1
       000002|得意先コード=000001 御担当者名=佐藤 部門名=営業部 得意先消費税算出区分=1|得意先コード=000002 \
           得意先名称B= 御担当者名=佐藤 担当者コード=00003 部門コード=009 部門名=営業部 得意先消費税算出区分=2
+      000001|御担当者名=old|得意先コード=000001 御担当者名=old
       |得意先コード=000001 得意先名称A=甲社 得意先消費税区分=2 案内メッセージ=old|得意先コード= \
           得意先名称A=甲社 得意先消費税区分=2 案内メッセージ= 入力変更あり=1
       000003|得意先コード=000001 得意先名称A=甲社 得意先消費税区分=2|得意先コード= 得意先名称A=甲社 得意先消費税区分=2
@@ -122,60 +118,20 @@ TEST_F(Lookups, ACodeBringsItsValues) {
 TEST_F(Lookups, TheCodeHeldChangesNothing) {
     fresh_document(1);
     set("得意先コード=000009 商品コード=D 案内メッセージ=old");
-    EXPECT_FALSE(得意先コード変更("000009"));
-    EXPECT_FALSE(商品コード変更("D"));
-    EXPECT_FALSE(担当者コード変更(""));
+    EXPECT_FALSE(得意先コード変更("000009") || 商品コード変更("D") || 担当者コード変更(""));
     EXPECT_EQ(seen("案内メッセージ 入力変更あり"), "案内メッセージ=old 入力変更あり=0");
     EXPECT_TRUE(statements.empty());
 }
 
-TEST_F(Lookups, StatementTexts) {
-    set("得意先コード=000001");
-    const std::string staff =
-        "SELECT M担当者.*, M部門.名称 AS 部門名, Mセクション.名称 AS セクション名 FROM Mセクション RIGHT "
-        "JOIN (M部門 RIGHT JOIN M担当者 ON M部門.コード = M担当者.部門コード) ON Mセクション.コード = "
-        "M担当者.セクションコード WHERE M担当者.コード = 'c'";
-    const std::pair<bool (*)(const std::string&), std::string> checks[] = {
-        {得意先存在確認,
-         "SELECT M得意先.*, M担当者.氏名 AS 担当者名, M担当者.部門コード, M担当者.セクションコード, "
-         "M部門.名称 AS 部門名, Mセクション.名称 AS セクション名 FROM Mセクション RIGHT JOIN (M部門 RIGHT "
-         "JOIN (M担当者 INNER JOIN M得意先 ON M担当者.コード = M得意先.担当者コード) ON M部門.コード = "
-         "M担当者.部門コード) ON Mセクション.コード = M担当者.セクションコード WHERE M得意先.コード = 'c' "
-         "AND M得意先.取引状況区分 <> '3'"},
-        {得意先御担当者存在確認,
-         "SELECT M得意先御担当者.* FROM M得意先御担当者 WHERE M得意先御担当者.得意先コード = '000001' AND "
-         "M得意先御担当者.御担当者コード = 'c'"},
-        {担当者存在確認, staff + " AND M担当者.在籍区分 = '0'"},
-        {部門存在確認, "SELECT M部門.* FROM M部門 WHERE M部門.コード = 'c'"},
-        {セクション存在確認, "SELECT Mセクション.* FROM Mセクション WHERE Mセクション.コード = 'c'"},
-        {納品先存在確認,
-         "SELECT M納品先.*, M担当者.氏名 AS 担当者名 FROM M担当者 INNER JOIN M納品先 ON M担当者.コード = "
-         "M納品先.担当者コード WHERE M納品先.コード = 'c' AND M納品先.取引状況区分 <> '3'"},
-        {商品存在確認, "SELECT M商品.* FROM M商品 WHERE M商品.コード = 'c' AND M商品.取扱状況区分 <> '3'"},
-        {仕入先存在確認,
-         "SELECT M仕入先.* FROM M仕入先 WHERE M仕入先.コード = 'c' AND M仕入先.取引状況区分 <> '3'"}};
-    for (const auto& [check, text] : checks) {
-        statements.clear();
-        EXPECT_FALSE(check("c"));
-        EXPECT_EQ(statements, std::vector{text});
-    }
-    実行環境.事業所コード = "001";
-    statements.clear();
-    EXPECT_FALSE(担当者存在確認("c"));
-    EXPECT_EQ(
-        statements[0],
-        staff +
-            " AND (M担当者.事業所コード = '001' OR M担当者.事業所コード = '000') AND M担当者.在籍区分 = '0'");
-    // a site sees its own people and the head office's, the head office all
-    const auto seen_from = [](const char* site) {
+// A site sees its own people and the head office's, the head office all.
+TEST_F(Lookups, StaffOfTheSite) {
+    for (const auto& [site, seen] : {std::pair{"000", "yyyn"}, {"001", "ynyn"}}) {
         実行環境.事業所コード = site;
         std::string result;
         for (const char* code : {"00001", "00002", "00003", "00004"})
             result += 担当者存在確認(code) ? "y" : "n";
-        return result;
-    };
-    EXPECT_EQ(seen_from("001"), "ynyn");
-    EXPECT_EQ(seen_from("000"), "yyyn");
+        EXPECT_EQ(result, seen);
+    }
 }
 
 TEST_F(Lookups, ACustomerRepricesTheDocument) {
@@ -199,63 +155,49 @@ TEST_F(Lookups, ACustomerRepricesTheDocument) {
 // As the registers use them: a reader marks the document only when a value differs, the staff's never, and a
 // NULL takes nothing away.
 TEST_F(Lookups, ReadersMarkWhatDiffers) {
-    fresh_document(1);
-    const auto read = [](const char* change) {
-        実行環境.入力変更あり = false;
-        set(change);
-        EXPECT_TRUE(得意先存在確認("000002") && 担当者存在確認("00001") && 商品存在確認("A-1") &&
-                    部門存在確認("001"));
+    const auto read = [](const std::string& change) {
+        // the salesperson's reader puts another one than the customer's
+        set("担当者コード=00003 担当者名=本社 部門コード=009 セクションコード=019 入力変更あり=0 " + change);
+        EXPECT_TRUE(得意先存在確認("000002") && 担当者存在確認("00001") && 商品存在確認("A-1"));
         得意先読込();
         担当者読込();
-        部門読込();
         商品読込(0);
-        return 実行環境.入力変更あり;
+        return seen("入力変更あり 担当者コード 部門コード 請求単位");
     };
-    EXPECT_TRUE(read(""));
-    // the salesperson's reader has put another one than the customer's
-    set("担当者コード=00003 担当者名=本社 部門コード=009 セクションコード=019");
-    EXPECT_FALSE(read("請求単位=個"));
-    EXPECT_EQ(seen("担当者コード 部門コード 請求単位"), "担当者コード=00001 部門コード=001 請求単位=台");
-    for (const char* change :
-         {"得意先名称A=old", "得意先消費税算出区分=1", "商品名=old", "商品税込仕入単価=1"}) {
-        set("担当者コード=00003 担当者名=本社 部門コード=009 セクションコード=019");
-        EXPECT_TRUE(read(change)) << change;
-    }
-    実行環境.主接続.Execute("UPDATE M得意先 SET 名称A = NULL, 消費税区分 = NULL, 消費税算出区分 = '70000'");
-    実行環境.主接続.Execute(
-        "UPDATE M商品 SET 名称B = NULL, 単位 = NULL, 税抜販売単価 = NULL, 仕入先コード = NULL");
-    set("担当者コード=00003 担当者名=本社 部門コード=009 セクションコード=019 仕入先コード=");
-    EXPECT_TRUE(read("得意先名称A=kept 得意先消費税区分=2 請求単位=kept 商品税抜販売単価=3"));  // 机 for 机大
-    EXPECT_EQ(seen("得意先名称A 得意先消費税区分 得意先消費税算出区分 商品名 請求単位 商品税抜販売単価 "
-                   "仕入先コード"),
-              "得意先名称A=kept 得意先消費税区分=2 得意先消費税算出区分=2 商品名=机 請求単位=kept "
-              "商品税抜販売単価=3 仕入先コード=");
+    const std::string brought = "担当者コード=00001 部門コード=001 請求単位=";
+    fresh_document(1);
+    for (const auto& r :
+         table(R"(請求単位=個|1 ; 請求単位=個|0 ; 得意先名称A=old|1 ; 得意先消費税算出区分=1|1 ; 商品名=old|1
+        商品税込仕入単価=1|1)"))
+        EXPECT_EQ(read(r[0]), "入力変更あり=" + r[1] + " " + brought + "台") << r[0];
+    run("UPDATE M得意先 SET 名称A = NULL, 消費税区分 = NULL, 消費税算出区分 = '70000'");
+    run("UPDATE M商品 SET 名称B = NULL, 単位 = NULL, 税抜販売単価 = NULL, 仕入先コード = NULL");
+    EXPECT_EQ(read("得意先名称A=kept 得意先消費税区分=2 請求単位=kept 商品税抜販売単価=3 仕入先コード="),
+              "入力変更あり=1 " + brought + "kept");  // 机 for 机大
+    for (const char* kept : {"得意先名称A=kept 得意先消費税区分=2 得意先消費税算出区分=2",
+                             "商品名=机 商品税抜販売単価=3 仕入先コード="})
+        EXPECT_EQ(seen(kept), kept);
 }
 
 TEST_F(Lookups, AReleasedRecordsetIsNotRead) {
     fresh_document(1);
-    const auto read_all = [] {
-        for (auto reader : {得意先読込, 得意先御担当者読込, 担当者読込, 部門読込, セクション読込, 納品先読込})
-            reader();
-        商品読込(0);
-        仕入先読込(0);
-    };
-    read_all();  // never opened
-    EXPECT_TRUE(納品先存在確認("000001"));
+    納品先読込();  // never opened
+    商品読込(0);
+    EXPECT_TRUE(納品先存在確認("000001") && 部門存在確認("001"));
     納品先読込();
     set("納品先名称A=kept 入力変更あり=0");
-    EXPECT_TRUE(部門存在確認("001"));
     部門読込取消();
-    EXPECT_FALSE(得意先存在確認("000009"));
-    read_all();  // read, given up, without a row
-    EXPECT_EQ(seen("納品先名称A 部門コード 得意先コード 入力変更あり"),
-              "納品先名称A=kept 部門コード= 得意先コード= 入力変更あり=0");
-    EXPECT_FALSE(実行環境.recordsets.納品先.is_open() || 実行環境.recordsets.得意先.is_open());
+    EXPECT_FALSE(得意先存在確認("000009") || 得意先御担当者存在確認("9") || セクション存在確認("9"));
+    for (auto reader : {納品先読込, 部門読込, 得意先読込, 得意先御担当者読込, セクション読込})
+        reader();  // read, given up, without a row
+    const char* expected = "納品先名称A=kept 部門コード= 得意先コード= 入力変更あり=0";
+    EXPECT_EQ(seen(expected), expected);
 }
 
 // Codes stand in later statements as they are; a master row with one that no key could have made is refused.
 TEST_F(Lookups, ACodeFromAMasterMustBeOneThatCouldBeTyped) {
-    実行環境.主接続.Execute("UPDATE M担当者 SET 部門コード = '0''1' WHERE コード = '00001'");
+    run("UPDATE M担当者 SET 部門コード = '0''1' WHERE コード = '00001'");
+    run("UPDATE M商品 SET 仕入先コード = 'x'' OR ''1''=''1'");
     fresh_document(1);
     set("担当者コード=00002");
     EXPECT_TRUE(担当者コード変更("00001"));
@@ -263,21 +205,17 @@ TEST_F(Lookups, ACodeFromAMasterMustBeOneThatCouldBeTyped) {
               "担当者コード= 部門コード= 案内メッセージ=該当情報がありません。");
     EXPECT_TRUE(得意先コード変更("000001"));
     EXPECT_EQ(seen("得意先コード 得意先名称A 部門コード"), "得意先コード= 得意先名称A= 部門コード=");
-    実行環境.主接続.Execute("UPDATE M商品 SET 仕入先コード = 'x'' OR ''1''=''1'");
     EXPECT_TRUE(商品コード変更("A-1"));
     EXPECT_EQ(seen("商品コード 仕入先コード 仕入先名称A"), "商品コード=A-1 仕入先コード= 仕入先名称A=");
 }
 
 TEST_F(Lookups, AFailingReadIsAMiss) {
-    fresh_document(1);
     set("得意先コード=000001");
     failing = "SELECT";
     EXPECT_TRUE(得意先コード変更("000002"));
     EXPECT_EQ(seen("得意先コード 案内メッセージ"), "得意先コード= 案内メッセージ=該当情報がありません。");
     EXPECT_TRUE(code_table_names("SELECT * FROM K消費税区分 ORDER BY 区分").empty());
-    ado::Recordset rows;
-    rows.Open("SELECT COUNT(*) FROM プログラム稼動履歴 WHERE 摘要 LIKE 'エラー %'", 実行環境.設定接続);
-    EXPECT_EQ(rows.at(0).text(), "2");
+    EXPECT_EQ(error_rows(), "2");
 }
 
 TEST_F(Lookups, CodeTableNames) {

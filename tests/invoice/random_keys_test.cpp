@@ -8,6 +8,7 @@
 #include "base/text.h"
 #include "invoice/required.h"
 #include "support/seat.h"
+#include "support/table.h"
 
 namespace kalvane {
 namespace {
@@ -33,53 +34,25 @@ class Dice {
 };
 
 const std::string long_text = [] {
-    std::string text;
-    for (int i = 0; i < 2500; ++i) text += "長aｶ\n";
+    std::string text = "長aｶ\n";
+    for (int i = 0; i < 11; ++i) text += text;
     return text;
 }();
 
-const std::string words[] = {
-    "3",
-    "19",
-    "4",
-    "40",
-    "999",
-    "P0001",
-    "P0043",
-    "P0050",
-    "P0073",
-    "1",
-    "2",
-    "0",
-    "-1",
-    "2.5",
-    "10",
-    "-99999.9",
-    "999999.9",
-    "99999999.99",
-    "-9999999999",
-    "9999999999",
-    "1e9",
-    "00008",
-    "31",
-    "2030",
-    "0200",
-    "9999",
-    "'",
-    "a'b\"c",
-    "備考",
-    "金額は別途",
-    " ",
-    "\x01\x02",
-    "\xFF\xFE",
-    "\xE3\x81",
-    "あ\xE3\x81",
-    "\xF0\x9F\x98\x80",
-    "\xED\xA0\x80",
-    "ｶﾞｷﾞ",
-    "１２",
-    "x\ny",
-    "全角六十バイトを超える案件名で、切られるまで打ち続けられる長さを持つもの、それでもまだ続く"};
+const std::vector<std::string> words = [] {
+    std::vector<std::string> all;
+    for (auto& r :
+         test::table(R"(3 ; 19 ; 4 ; 40 ; 999 ; P0001 ; P0043 ; P0050 ; P0073 ; 1 ; 2 ; 0 ; -1 ; 2.5 ; 10
+        -99999.9 ; 999999.9 ; 99999999.99 ; -9999999999 ; 9999999999 ; 1e9 ; 00008 ; 31 ; 2030 ; 0200 ; 9999
+        ' ; a'b"c ; 備考 ; 金額は別途)"))
+        all.push_back(r[0]);
+    for (const char* odd :
+         {" ", "\x01\x02", "\xFF\xFE", "\xE3\x81", "あ\xE3\x81", "\xF0\x9F\x98\x80", "\xED\xA0\x80", "ｶﾞｷﾞ",
+          "１２", "x\ny",
+          "全角六十バイトを超える案件名で、切られるまで打ち続けられる長さを持つもの、それでもまだ続く"})
+        all.emplace_back(odd);
+    return all;
+}();
 
 constexpr const char* customers[] = {"1", "2", "3", "4", "5", "14", "19", "23", "37"};
 constexpr const char* products[] = {"P0001", "P0014", "P0029", "P0043", "P0050", "P0065", "P0073", "P0078"};

@@ -15,11 +15,10 @@ inline Expected sequence(const std::string& text) {
     std::istringstream lines(joined(text));
     for (std::string line; std::getline(lines, line);) {
         line = LTrim(line);
-        const std::size_t mark = line.find(' ');
         const char* connection = line.starts_with("main")     ? "main"
                                  : line.starts_with("config") ? "config"
                                                               : "history";
-        if (!line.empty()) out.emplace_back(connection, Replace(line.substr(mark + 1), "~", " "));
+        if (!line.empty()) out.emplace_back(connection, Replace(line.substr(line.find(' ') + 1), "~", " "));
     }
     return out;
 }
@@ -36,21 +35,25 @@ inline Expected rights(const char* program) {
                             "@", program));
 }
 inline Expected referred(const std::string& number, const std::string& base = "99999999") {
-    return sequence(
-        "main SELECT TOP 1 * FROM T営業請求 WHERE 参照営業請求事業所コード = '000' AND "
-        "参照営業請求番号基準日付 = '" +
-        base + "' AND 参照営業請求No = '" + number + "'");
+    return {{"main",
+             "SELECT TOP 1 * FROM T営業請求 WHERE 参照営業請求事業所コード = '000' AND "
+             "参照営業請求番号基準日付 = '" +
+                 base + "' AND 参照営業請求No = '" + number + "'"}};
 }
 inline Expected taxes(const std::string& date = "20240410") {
-    const Expected one = sequence("main SELECT G消費税.* FROM G消費税 WHERE G消費税.施行日 <= '" + date +
-                                  "' ORDER BY G消費税.施行日 DESC");
-    return one + one + one + one;
+    return Expected(4, {"main", "SELECT G消費税.* FROM G消費税 WHERE G消費税.施行日 <= '" + date +
+                                    "' ORDER BY G消費税.施行日 DESC"});
+}
+// How a run of statements ends.
+inline void expect_end(const std::vector<Recorded>& ran, const Expected& end) {
+    ASSERT_GE(ran.size(), end.size());
+    expect_sequence({ran.end() - static_cast<std::ptrdiff_t>(end.size()), ran.end()}, end);
 }
 // The number looked for before it is used, in the live table ("営業請求No") or in the journal.
 inline Expected looked_for(const std::string& number, bool journal, const std::string& base = "99999999") {
-    return sequence(std::string("main SELECT TOP 1 営業請求No FROM ") + (journal ? "R" : "T") +
-                    "営業請求 WHERE 事業所コード = '000' AND 番号基準日付 = '" + base + "' AND 営業請求" +
-                    (journal ? "履歴" : "") + "No = '" + number + "'");
+    return {{"main", std::string("SELECT TOP 1 営業請求No FROM ") + (journal ? "R" : "T") +
+                         "営業請求 WHERE 事業所コード = '000' AND 番号基準日付 = '" + base +
+                         "' AND 営業請求" + (journal ? "履歴" : "") + "No = '" + number + "'"}};
 }
 inline Expected history_number(const std::string& number) {
     return sequence("main " + series() + "\nmain UPDATE A番号情報 SET  履歴連番 = '" + number +
@@ -64,32 +67,26 @@ inline Expected logged(const std::string& statement) {
 inline std::string queue_row(const std::string& base, const std::string& history,
                              const std::string& red_black, const std::string& number,
                              const std::string& action) {
-    return "INSERT INTO [未集計情報] "
-           "([事業所コード],[番号ID],[番号基準日付],[履歴No],[赤黒区分],[伝票No],[追加キー項目],"
-           "[データフラグ],[登録情報区分],[予備項目]) VALUES ('000','16240','" +
+    return "INSERT INTO [未集計情報] ([事業所コード],[番号ID],[番号基準日付],[履歴No],[赤黒区分],[伝票No],"
+           "[追加キー項目],[データフラグ],[登録情報区分],[予備項目]) VALUES ('000','16240','" +
            base + "','" + history + "','" + red_black + "','" + number + "','','0','" + action +
            "','tanaka00001SEAT01')";
 }
 // The rows of the document 00000001 taken away: its header, and lines 001 and 002.
 inline Expected taken_away(const std::string& base = "99999999") {
-    return sequence(
-        Replace(Replace(R"(main SELECT * FROM T営業請求 WHERE %
+    std::string text = R"(main SELECT * FROM T営業請求 WHERE %
         main INSERT INTO [R営業請求] (
         main DELETE FROM T営業請求 WHERE %
         history INSERT INTO プログラム稼動履歴~
-        main SELECT * FROM T営業請求明細 WHERE T営業請求明細.事業所コード = '000' AND \
-          T営業請求明細.番号基準日付 = '@' AND T営業請求明細.営業請求No = '00000001' ORDER BY \
-          T営業請求明細.営業請求行No
+        main SELECT * FROM T営業請求明細 WHERE # ORDER BY T営業請求明細.営業請求行No
         main INSERT INTO [R営業請求明細] (
-        main DELETE FROM T営業請求明細 WHERE T営業請求明細.事業所コード = '000' AND \
-          T営業請求明細.番号基準日付 = '@' AND T営業請求明細.営業請求No = '00000001' AND \
-          T営業請求明細.営業請求固有行No = '001'
+        main DELETE FROM T営業請求明細 WHERE # AND T営業請求明細.営業請求固有行No = '001'
         main INSERT INTO [R営業請求明細] (
-        main DELETE FROM T営業請求明細 WHERE T営業請求明細.事業所コード = '000' AND \
-          T営業請求明細.番号基準日付 = '@' AND T営業請求明細.営業請求No = '00000001' AND \
-          T営業請求明細.営業請求固有行No = '002')",
-                        "%", "事業所コード = '000' AND 番号基準日付 = '@' AND 営業請求No = '00000001'"),
-                "@", base));
+        main DELETE FROM T営業請求明細 WHERE # AND T営業請求明細.営業請求固有行No = '002')";
+    const std::string key =
+        "@事業所コード = '000' AND @番号基準日付 = '" + base + "' AND @営業請求No = '00000001'";
+    text = Replace(text, "%", Replace(key, "@", ""));
+    return sequence(Replace(text, "#", Replace(key, "@", "T営業請求明細.")));
 }
 // Header and two lines written, live and black.
 inline Expected written_two_lines() {

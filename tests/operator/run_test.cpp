@@ -1,12 +1,13 @@
 // The interpreter over a small program of its own: a screen of a few fields, a box, a list window.
 #include <gtest/gtest.h>
 
+#include <map>
 #include <sstream>
 
 #include "base/failure.h"
+#include "base/text.h"
 #include "operator/operator.h"
 #include "platform/os/clock.h"
-#include "platform/os/files.h"
 #include "platform/os/process.h"
 #include "platform/screen/form.h"
 #include "platform/screen/host.h"
@@ -17,11 +18,8 @@ namespace {
 
 struct Toy {
     Form main, list, msg;
-    Control code, name, amount, kind, done, note, save, row0, row1, page, bar, line_label;
-    Control rows, pick;
-    Control yes;
+    Control code, name, kind, done, note, save, row0, row1, page, bar, line_label, rows, pick, yes;
     int finished = 0;
-    std::string trace;
     bool waiting = false;
 };
 Toy* toy = nullptr;
@@ -30,7 +28,6 @@ void entry() {
     Toy& t = *toy;
     add_control(t.main, t.code, ControlKind::xField, "得意先コード").mode = InputMode::code;
     add_control(t.main, t.name, ControlKind::xField, "名称");
-    add_control(t.main, t.amount, ControlKind::xNum, "金額").mode = InputMode::number;
     add_control(t.main, t.kind, ControlKind::combo, "区分");
     add_control(t.main, t.done, ControlKind::check, "完了");
     add_control(t.main, t.note, ControlKind::label, "お知らせ");
@@ -42,7 +39,6 @@ void entry() {
     int index = 0;
     for (Control* c : t.main.controls) c->tab_index = ++index;
     add_control(t.main, t.line_label, ControlKind::label, "Lab_行", 0).caption = "1";
-    t.amount.decimals = 2;
     t.save.caption = "登録";
     t.save.tab_stop = false;
     t.main.tab_strip = &t.page;
@@ -50,7 +46,6 @@ void entry() {
     set_entries(t.kind, {"通常", "赤伝"});
     set_scroll_range(t.bar, 0, 5);
     t.main.name = "frmKalvaneInvoiceEntry";
-    t.main.Wheel = [](Form&, int delta) { toy->trace += "wheel" + std::to_string(delta) + " "; };
     t.main.QueryUnload = [](Form&, bool& cancel) { cancel = !ask("終了しますか？", false); };
     t.main.Unload = [](Form&) { end_process(); };
 
@@ -93,7 +88,6 @@ void entry() {
             sleep_and_wait(500);
             pump(Pump::all);
         }
-        toy->trace += "waited ";
     };
     t.note.Click = [](Control&) { toy->waiting = false; };
     show_form(t.main);
@@ -104,10 +98,6 @@ void sign_on_entry() {
     entry();
 }
 
-void failing_entry() {
-    throw RunFailure("no start");
-}
-
 struct Operated : testing::Test {
     Toy t;
     OperatedProgram program{.reset = nullptr, .entry = entry, .finish = [] { ++toy->finished; }};
@@ -116,9 +106,11 @@ struct Operated : testing::Test {
     Operated() { toy = &t; }
     ~Operated() override { reset_screen(); }
 
+    // The lines of the script are parted by " / " or line ends.
     int run(const std::string& text, const std::string& command_line = "") {
+        t = {};
         ScriptRun run;
-        run.text = text;
+        run.text = Replace(text, " / ", "\n");
         run.file = "s";
         run.program_path = "/nowhere/prgbin/KalvaneInvoiceEntry";
         run.command_line = command_line;
@@ -132,17 +124,17 @@ struct Operated : testing::Test {
 };
 
 TEST_F(Operated, FailedExpectationsArePrintedAndTheScriptGoesOn) {
-    EXPECT_EQ(run("expect 名称 x\nprint between\nexpect focus 名称\nexpect box a\\n\nexpect ended\n"
-                  "expect launched P \"a\"\nexpect window box"),
+    EXPECT_EQ(run("expect 名称 x / print between / expect focus 名称 / expect box a\\n / expect ended / "
+                  "expect launched P \"a\" / expect window box"),
               expectation_failed);
-    EXPECT_EQ(out,
-              "s:1: expected 名称 x, found \n"
-              "between\n"
-              "s:3: expected focus 名称, found focus 得意先コード\n"
-              "s:4: expected box a\\\\n, found box none\n"
-              "s:5: expected the program ended, found it running\n"
-              "s:6: expected launched P \"a\", found launched none\n"
-              "s:7: expected window box, found window frmKalvaneInvoiceEntry\n");
+    EXPECT_EQ(out, R"(s:1: expected 名称 x, found 
+between
+s:3: expected focus 名称, found focus 得意先コード
+s:4: expected box a\\n, found box none
+s:5: expected the program ended, found it running
+s:6: expected launched P "a", found launched none
+s:7: expected window box, found window frmKalvaneInvoiceEntry
+)");
     EXPECT_EQ(err, "");
 }
 
@@ -152,176 +144,113 @@ TEST_F(Operated, AWrongLineEndsAtOnce) {
         focus 商品コード[x] ; focus お知らせ ; focus 商品コード[1] ; answer OK ; cancel ; key Return
         expect 名称.Colour x ; expect 名称.Max 1 ; choose 区分 2 ; select 名称 0 ; wheel two
         today 20240230 ; exec other x ; screenshot a.png)")) {
-        t = {};
-        EXPECT_EQ(run("expect window frmKalvaneInvoiceEntry\n" + row[0] + "\nprint reached"), script_wrong)
+        EXPECT_EQ(run("expect window frmKalvaneInvoiceEntry / " + row[0] + " / print reached"), script_wrong)
             << row[0];
         EXPECT_EQ(out, "") << row[0];
         EXPECT_EQ(err.find("s:2: "), 0u) << row[0] << err;
     }
 }
 
-TEST_F(Operated, ABoxTakesItsAnswerAlone) {
-    EXPECT_EQ(run("click btn_登録\nanswer OK"), script_wrong);
-    EXPECT_EQ(err, "s:2: the box has no button OK: 登録しますか？\n");
+// How a script ends, the script, and its message. Boxes take their answer alone, a failure of an event is a
+// box, a list window or a modal box is met by the lines that follow and asks nothing, the program ends by
+// itself.
+TEST_F(Operated, EndsWithItsStatus) {
+    const std::map<std::string, int> statuses{
+        {"held", script_held}, {"wrong", script_wrong}, {"failed", program_failed}};
+    for (const auto& r : test::table(R"(
+        wrong|click btn_登録 / answer OK|s:2: the box has no button OK: 登録しますか？
+        wrong|click btn_登録 / type x|s:2:
+        failed|click btn_登録 / expect box 登録しますか？ / expect 名称 ""|
+        held|type BAD / click btn_登録 / expect box "壊れた\n値" / answer OK / expect box none / type A / \
+          expect 得意先コード BAD / expect 得意先コード.MaxLength 0|
+        held|key Ctrl / expect window wnd得意先一覧 / expect rows List得意先 2 / expect cell List得意先 0 1 山田 / \
+          expect selected List得意先 -1 / select List得意先 1 / expect selected List得意先 1 / expect 名称 "" / \
+          key Enter / expect window frmKalvaneInvoiceEntry / expect 得意先コード 000002|
+        wrong|key Ctrl / click 名称|s:2: ; held|key Ctrl / expect rows List得意先 2|
+        failed|click 完了 / expect window msg印刷確認| ; held|click 完了 / click btn_はい / expect 完了 1|
+        held|close / expect box 終了しますか？ / answer いいえ / expect window frmKalvaneInvoiceEntry / close / \
+          answer はい / expect ended / expect box none|
+        wrong|close / answer はい / type x|s:3: the program has ended
+        held|click btn_登録 / terminate / expect ended / expect box none|
+        held|start / type x| ; wrong|start / start|s:2:
+        failed|today 20240401 / focus 名称 / dropdown / print one|
+        held|focus 商品コード[0] / dropdown / expect window dialog / answer pick "C:\\a b.txt" / \
+          expect 商品コード[0] "C:\\a b.txt" / dropdown / cancel / expect 商品コード[0] cancelled|
+        wrong|focus 商品コード[0] / dropdown / answer OK|s:3:)")) {
+        EXPECT_EQ(run(r[1]), statuses.at(r[0])) << r[1] << out << err;
+        EXPECT_TRUE(err.starts_with(r[2])) << r[1] << err;
+        EXPECT_TRUE(t.finished == 1 && !os::clock_frozen()) << r[1];
+    }
+}
+
+TEST_F(Operated, AScriptWithoutActionsStartsNothing) {
+    EXPECT_EQ(run("today 20240401 093000 / print a"), script_held);
+    EXPECT_EQ(t.finished, 0);
+    EXPECT_EQ(run("type x / start"), script_wrong);  // it says itself where it starts
+    EXPECT_EQ(t.finished, 0);
+    EXPECT_EQ(run("click btn_登録"), program_failed);
     EXPECT_EQ(t.note.caption, "中止しました。");  // what the end of the process answers
-    t = {};
-    EXPECT_EQ(run("click btn_登録\ntype x"), script_wrong);
-    t = {};
-    EXPECT_EQ(run("click btn_登録\nexpect box 登録しますか？\nexpect 名称 \"\""), program_failed);
-    EXPECT_EQ(out, "");
-    EXPECT_EQ(t.finished, 1);
 }
 
-TEST_F(Operated, AFailureOfAnEventIsABox) {
-    EXPECT_EQ(run("type BAD\nclick btn_登録\nexpect box \"壊れた\\n値\"\nanswer OK\nexpect box none\ntype A"),
-              script_held)
-        << out << err;
-    EXPECT_EQ(t.code.text, "BAD");  // the focus is on the button
-}
-
-TEST_F(Operated, AListWindowIsMetByTheFollowingLines) {
-    EXPECT_EQ(run(R"(key Ctrl
-expect window wnd得意先一覧
-expect rows List得意先 2
-expect cell List得意先 0 1 山田
-expect selected List得意先 -1
-select List得意先 1
-expect selected List得意先 1
-expect 名称 ""
-key Enter
-expect window frmKalvaneInvoiceEntry
-expect 得意先コード 000002
-)"),
-              script_held)
-        << out << err;
-    t = {};
-    EXPECT_EQ(run("key Ctrl\nclick 名称"), script_wrong);  // below the list
-    t = {};
-    EXPECT_EQ(run("key Ctrl\nexpect rows List得意先 2"), script_held);  // a list asks nothing
-    t = {};
-    EXPECT_EQ(run("click 完了\nexpect window msg印刷確認"), program_failed);
-    t = {};
-    EXPECT_EQ(run("click 完了\nclick btn_はい\nexpect 完了 1"), script_held);
-}
-
-TEST_F(Operated, TheProgramEndsByItself) {
-    EXPECT_EQ(run("close\nexpect box 終了しますか？\nanswer いいえ\nexpect window frmKalvaneInvoiceEntry\n"
-                  "close\nanswer はい\nexpect ended\nexpect box none"),
-              script_held)
-        << out << err;
-    t = {};
-    EXPECT_EQ(run("close\nanswer はい\ntype x"), script_wrong);
-    EXPECT_EQ(err, "s:3: the program has ended\n");
-    t = {};
-    EXPECT_EQ(run("click btn_登録\nterminate\nexpect ended\nexpect box none"), script_held) << out << err;
-}
-
-TEST_F(Operated, StartIsWhereTheScriptSaysOrBeforeItsFirstAction) {
-    EXPECT_EQ(run("today 20240401 093000\nprint a"), script_held);
-    EXPECT_EQ(t.finished, 0);  // never started
-    EXPECT_EQ(run("print a\ntype x"), script_held);
-    EXPECT_EQ(t.finished, 1);
-    t = {};
-    EXPECT_EQ(run("type x\nstart"), script_wrong);  // the script says itself where it starts
-    t = {};
-    EXPECT_EQ(run("start\ntype x"), script_held);
-    t = {};
-    EXPECT_EQ(run("start\nstart"), script_wrong);
-}
-
-TEST_F(Operated, TheEntryMayAsk) {
+TEST_F(Operated, TheEntryMayAskOrFail) {
     program.entry = sign_on_entry;
-    EXPECT_EQ(run("answer はい\nexpect window frmKalvaneInvoiceEntry"), script_held) << out << err;
-    t = {};
-    EXPECT_EQ(run("expect box 続けますか？\nanswer いいえ\nexpect ended"), script_held) << out << err;
-    t = {};
+    EXPECT_EQ(run("answer はい / expect window frmKalvaneInvoiceEntry"), script_held) << out << err;
+    EXPECT_EQ(run("expect box 続けますか？ / answer いいえ / expect ended"), script_held) << out << err;
     EXPECT_EQ(run("start"), program_failed);
-}
-
-TEST_F(Operated, AFailingEntryIsAFailureOfTheProgram) {
-    program.entry = failing_entry;
-    EXPECT_EQ(run("start\nprint reached"), program_failed);
-    EXPECT_EQ(out, "");
-    EXPECT_EQ(err, "the program failed: no start\n");
+    program.entry = [] { throw RunFailure("no start"); };
+    EXPECT_EQ(run("start / print reached"), program_failed);
+    EXPECT_EQ(out + err, "the program failed: no start\n");
 }
 
 TEST_F(Operated, AWaitTakesOneLineATurn) {
-    EXPECT_EQ(run("today 20240401\nfocus 名称\ndropdown\nprint one\nclick 得意先コード\nclick "
-                  "お知らせ\nprint after"),
-              script_held)
+    EXPECT_EQ(
+        run("today 20240401 / focus 名称 / dropdown / print one / click 得意先コード / click お知らせ / "
+            "print after"),
+        script_held)
         << out << err;
-    EXPECT_EQ(t.trace, "waited ");
     EXPECT_EQ(out, "one\nafter\n");
-    t = {};
-    EXPECT_EQ(run("today 20240401\nfocus 名称\ndropdown\nprint one"), program_failed);
 }
 
-TEST_F(Operated, TheClockStandsUntilItIsMoved) {
+TEST_F(Operated, TheSettingsAndTheClockReachTheProgram) {
     program.entry = [] {
         entry();
         toy->done.Click = [](Control&) {
             sleep_and_wait(1500);
             set_text(toy->name, time_text(os::now()));
         };
+        set_text(toy->name,
+                 os::command_line() + "/" + (os::previous_instance("p", "i") ? "second" : "first"));
     };
-    EXPECT_EQ(run("today 20240229 235958\nclick 完了\nexpect 名称 23:59:59\nadvance 3\nclick 完了\n"
+    EXPECT_EQ(run("expect 名称 \" 000  2 /first\"", " 000  2 "), script_held) << out;
+    EXPECT_EQ(run("previous-instance yes / expect 名称 /second"), script_held) << out;
+    EXPECT_EQ(run("today 20240229 235958 / click 完了 / expect 名称 23:59:59 / advance 3 / click 完了 / "
                   "expect 名称 00:00:04"),
               script_held)
         << out << err;
-    EXPECT_FALSE(os::clock_frozen());
 }
 
 TEST_F(Operated, LaunchesAreRecorded) {
-    EXPECT_EQ(run(R"(expect launched none
-focus 名称
-type KalvaneProductRegister
-key Ctrl
+    EXPECT_EQ(run(R"(expect launched none / focus 名称 / type KalvaneProductRegister / key Ctrl
 expect launched KalvaneProductRegister "000 20240401  1"
-type KalvaneCustomerRegister
-key Ctrl
+type KalvaneCustomerRegister / key Ctrl
 expect launched KalvaneCustomerRegister "000 20240401  1"
 expect launched[1] KalvaneProductRegister "000 20240401  1"
-missing KalvaneCustomerRegister.exe
-key Ctrl
-expect box "ファイルが見つかりません。"
-answer OK
-expect launched[2] KalvaneCustomerRegister "000 20240401  1"
-)"),
+missing KalvaneCustomerRegister.exe / key Ctrl / expect box "ファイルが見つかりません。" / answer OK
+expect launched[2] KalvaneCustomerRegister "000 20240401  1")"),
               expectation_failed);
     EXPECT_EQ(out,
               "s:14: expected launched KalvaneCustomerRegister \"000 20240401  1\", found launched none\n");
 }
 
-TEST_F(Operated, DialogsArePickedOrCancelled) {
-    EXPECT_EQ(run("focus 商品コード[0]\ndropdown\nexpect window dialog\nanswer pick \"C:\\\\a b.txt\"\n"
-                  "expect 商品コード[0] \"C:\\\\a b.txt\"\ndropdown\ncancel\nexpect 商品コード[0] cancelled"),
-              script_held)
-        << out << err;
-    t = {};
-    EXPECT_EQ(run("focus 商品コード[0]\ndropdown\nanswer OK"), script_wrong);
-}
-
-TEST_F(Operated, TheSettingsReachTheProgram) {
-    program.entry = [] {
-        entry();
-        set_text(toy->name,
-                 os::command_line() + "/" + (os::previous_instance("p", "i") ? "second" : "first"));
-    };
-    EXPECT_EQ(run("expect 名称 \" 000  2 /first\"", " 000  2 "), script_held) << out;
-    t = {};
-    EXPECT_EQ(run("previous-instance yes\nexpect 名称 /second"), script_held) << out;
-}
-
 TEST_F(Operated, ShowPrintsTheWindowOnTop) {
-    EXPECT_EQ(
-        run("type A1\nchoose 区分 0\nexpect 区分.ListIndex 0\nfocus 名称\npaste \"a\\\\b\"\nshow\nclick btn_登録\nshow\nanswer はい\n"
-            "focus 得意先コード\nkey Ctrl\nselect List得意先 0\nshow\nclick btn_戻る"),
-        script_held)
+    EXPECT_EQ(run(R"(type A1 / choose 区分 0 / expect 区分.ListIndex 0 / focus 名称 / paste "a\\b" / show
+click btn_登録 / show / answer はい
+focus 得意先コード / key Ctrl / select List得意先 0 / show / click btn_戻る)"),
+              script_held)
         << out << err;
     EXPECT_EQ(out, R"(window frmKalvaneInvoiceEntry 
 得意先コード=A1
 *名称=a\\b
-金額=0
 区分=通常
 完了=0
 btn_登録=登録

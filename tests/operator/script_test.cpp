@@ -1,7 +1,5 @@
 #include "operator/script.h"
 
-#include <gtest/gtest.h>
-
 #include "support/temp_folder.h"
 
 namespace kalvane::script {
@@ -30,39 +28,34 @@ TEST(SplitWords, RefusesWhatHasNoEnd) {
 
 struct Folder : testing::Test {
     test::TempFolder folder;
-    std::string write(const std::string& file, const std::string& text) const {
-        folder.write(file, text);
-        return folder.native(file);
-    }
-};
-
-TEST_F(Folder, LinesKeepTheirPlacesThroughIncludes) {
-    write("sub/b.txt", "print b\r\ninclude c.txt\r\n");
-    write("sub/c.txt", "\n\nprint c");
-    const std::string a = write("a.txt", "\xEF\xBB\xBF# head\nprint a\ninclude sub/b.txt\nprint z\n");
-    std::string places;
-    for (const Line& line : parse_script(read_script(a), a))
-        places += std::filesystem::path(line.file).filename().string() + ":" + std::to_string(line.number) +
-                  ":" + line.words[1] + " ";
-    EXPECT_EQ(places, "a.txt:2:a b.txt:1:b c.txt:3:c a.txt:4:z ");
-}
-
-TEST_F(Folder, WrongFilesNameTheirPlace) {
-    const auto message = [](const std::string& file) -> std::string {
+    // The message of a script of that text, "" for none.
+    std::string message(const std::string& name, const std::string& text) const {
+        folder.write(name, text);
         try {
-            parse_script(read_script(file), file);
+            parse_script(read_script(folder.native(name)), name);
         } catch (const ScriptError& e) {
             return e.what();
         }
         return "";
-    };
-    const std::string loop = write("loop.txt", "include loop.txt\n");
-    EXPECT_EQ(message(loop), loop + ":1: files include each other");
-    const std::string missing = write("missing.txt", "print a\ninclude none.txt\n");
-    EXPECT_EQ(message(missing).find(missing + ":2: the file "), 0u);
-    const std::string quote = write("quote.txt", "print \"a\n");
-    EXPECT_EQ(message(quote), quote + ":1: a quoted word without an end");
-    EXPECT_NE(message(folder.native()), "");
+    }
+};
+
+TEST_F(Folder, LinesKeepTheirPlacesThroughIncludes) {
+    folder.write("sub/b.txt", "print b\r\ninclude c.txt\r\n");
+    folder.write("sub/c.txt", "\n\nprint c");
+    const std::string text = "\xEF\xBB\xBF# head\nprint a\ninclude sub/b.txt\nprint z\n";
+    std::string places;
+    for (const Line& line : parse_script(text, folder.native("a.txt")))
+        places += place(line).substr(folder.native().size() + 1) + ":" + line.words[1] + " ";
+    EXPECT_EQ(places, "a.txt:2:a sub/b.txt:1:b sub/c.txt:3:c a.txt:4:z ");
+}
+
+TEST_F(Folder, WrongFilesNameTheirPlace) {
+    const std::string loop = folder.native("loop.txt");
+    EXPECT_EQ(message("loop.txt", "include " + loop + "\n"), loop + ":1: files include each other");
+    EXPECT_EQ(message("missing.txt", "print a\ninclude none.txt\n").find("missing.txt:2: the file "), 0u);
+    EXPECT_EQ(message("quote.txt", "print \"a\n"), "quote.txt:1: a quoted word without an end");
+    EXPECT_THROW(read_script(folder.native()), ScriptError);
 }
 
 }  // namespace

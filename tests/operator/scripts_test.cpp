@@ -1,51 +1,85 @@
-// Plays every script of tests/scripts, each on the demonstration as it was installed.
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <filesystem>
-#include <fstream>
+// Scripts on an installation: every one of tests/scripts, each on the demonstration as it was made.
+#include <set>
 #include <sstream>
 
 #include "operator/operator.h"
+#include "operator/script.h"
 #include "support/seat.h"
+#include "support/table.h"
 
 namespace kalvane {
 namespace {
 
-const test::Installation& demonstration() {
-    static const test::Installation made;
-    return made;
-}
-
-std::vector<std::string> script_names() {
-    std::vector<std::string> names;
+std::set<std::string> script_names() {
+    std::set<std::string> names;
     for (const auto& entry : std::filesystem::directory_iterator(KALVANE_SCRIPTS))
-        if (entry.path().extension() == ".script") names.push_back(entry.path().stem().string());
-    std::sort(names.begin(), names.end());
+        if (entry.path().extension() == ".script") names.insert(entry.path().stem());
     return names;
-}
-
-std::string content_of(const std::string& path) {
-    std::ostringstream text;
-    text << std::ifstream(path).rdbuf();
-    return text.str();
 }
 
 class Scripts : public testing::TestWithParam<std::string> {};
 
 TEST_P(Scripts, Holds) {
-    demonstration().restore();
+    static const test::Installation demonstration;
+    demonstration.restore();
     ScriptRun run;
     run.file = std::string(KALVANE_SCRIPTS) + "/" + GetParam() + ".script";
-    run.text = content_of(run.file);
-    run.program_path = demonstration().root() + "/prgbin/KalvaneInvoiceEntry";
-    ASSERT_FALSE(run.text.empty());
+    run.text = script::read_script(run.file);
+    run.program_path = demonstration.root() + "/prgbin/KalvaneInvoiceEntry";
     std::ostringstream out, err;
     EXPECT_EQ(run_script(run, out, err), script_held) << out.str() << err.str();
 }
 
 INSTANTIATE_TEST_SUITE_P(Road, Scripts, testing::ValuesIn(script_names()),
                          [](const auto& script) { return script.param; });
+
+// --- the statements of a script
+
+struct Databases : testing::Test {
+    test::Installation at{setup::Content::empty};
+    Databases() { at.main("CREATE TABLE M (コード TEXT, 数 NUMERIC, 名 TEXT)"); }
+    ScriptResult run(const std::string& text) const { return run_operator_script(text, at.root()); }
+};
+
+TEST_F(Databases, RowsArePrintedAndCompared) {
+    const ScriptResult r = run(R"script(exec main "INSERT INTO M VALUES ('001', 12, NULL)"
+exec main "INSERT INTO M VALUES ('', 0.5, 'あ|い')"
+sql main "SELECT * FROM M ORDER BY コード DESC"
+sql main "SELECT TOP 1 [コード] FROM M ORDER BY コード DESC"
+sql main "SELECT * FROM M WHERE 1 = 0"
+expect-sql main "SELECT コード FROM M ORDER BY コード" "\n001"
+expect-sql main "SELECT 数 FROM M WHERE コード = '001'" 13
+expect-sql config "SELECT db FROM データベース定義" A
+expect-sql main "SELECT * FROM 無い表" x
+)script");
+    EXPECT_EQ(r.status, expectation_failed) << r.err;
+    EXPECT_TRUE(
+        r.out.starts_with("001|12|NULL\n|0.5|あ|い\n001\nscript:7: expected 13, found 12\n"
+                          "script:9: expected x, found the failure "))
+        << r.out;
+}
+
+TEST_F(Databases, AFailingStatementIsAWrongScript) {
+    EXPECT_EQ(run("exec main \"INSERT INTO 無い表 VALUES (1)\"").status, script_wrong);
+    EXPECT_EQ(run("sql config \"SELECT\"").status, script_wrong);
+    std::filesystem::remove_all(at.root() + "/conf");
+    const ScriptResult r = run("sql main \"SELECT 1\"");
+    EXPECT_EQ(r.status, script_wrong);
+    EXPECT_EQ(r.err.find("script:1: "), 0u);
+}
+
+TEST_F(Databases, TheNewestRequestIsAnswered) {
+    for (const auto& r : test::table("00|R|old ; 01|R|it''s ; 02|S|other"))
+        at.config("INSERT INTO プログラム連携情報 VALUES ('20240401 0930" + r[0] + "', 'E', '" + r[1] +
+                  "', '', '00', '" + r[2] + "', '', '000', '00001', 'u')");
+    EXPECT_EQ(run("today 20240401 093005\nreply R.exe \"000'123\"").status, script_held);
+    EXPECT_EQ(at.config("SELECT * FROM プログラム連携情報 WHERE 連携区分 = '99'"),
+              "20240401 093005|E|R|20240401 093005|99|it's|000'123|000|00001|u");
+    EXPECT_EQ(
+        at.config("SELECT 起動連携情報 FROM プログラム連携情報 WHERE 連携区分 = '00' ORDER BY 発信日時"),
+        "old\nother");
+    EXPECT_EQ(run("reply T x").status, script_wrong);
+}
 
 }  // namespace
 }  // namespace kalvane

@@ -1,6 +1,5 @@
 // A database file in a folder of its own, with the owner's connection to it.
 #pragma once
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +20,7 @@ struct Database {
         program.Open(connection_text(folder));
         program.name = "main";
     }
+    ~Database() { ado::hook = {}; }
     TempFolder folder;
     ado::Connection owner, program;
 };
@@ -43,14 +43,5 @@ inline std::vector<std::string> numbered(int rows) {
             "INSERT INTO N WITH RECURSIVE c(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM c WHERE i < " +
                 std::to_string(rows) + ") SELECT i, 'row ' || i FROM c WHERE i <= " + std::to_string(rows)};
 }
-
-struct HookGuard {
-    explicit HookGuard(std::function<void(const ado::Connection&, std::string_view)> before) {
-        ado::hook.before = std::move(before);
-    }
-    ~HookGuard() { ado::hook.before = nullptr; }
-    HookGuard(const HookGuard&) = delete;
-    HookGuard& operator=(const HookGuard&) = delete;
-};
 
 }  // namespace kalvane::test

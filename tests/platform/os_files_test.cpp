@@ -1,44 +1,33 @@
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <filesystem>
 
+#include "base/text.h"
 #include "platform/os/clock.h"
 #include "platform/os/files.h"
 #include "platform/os/paths.h"
 #include "platform/os/process.h"
+#include "support/table.h"
 #include "support/temp_folder.h"
 
 namespace kalvane {
 namespace {
 
-using test::TempFolder;
+using namespace test;
 
+// A path as the program writes it, and as the machine does; "~" stands for the temporary folder.
 TEST(Paths, MatchWithoutRegardToCaseExactFirst) {
     const TempFolder folder;
-    folder.write("PrgBin/One.txt", "1");
-    folder.write("PrgBin/two.txt", "");
-    folder.write("PrgBin/TWO.txt", "");
-    folder.write("ダタ/Ａ.txt", "");
-    struct Case {
-        const char *written, *found;
-    };
-    for (const Case& c :
-         {Case{"PrgBin\\One.txt", "PrgBin/One.txt"}, Case{"PRGBIN\\ONE.TXT", "PrgBin/One.txt"},
-          Case{"prgbin\\TWO.txt", "PrgBin/TWO.txt"}, Case{"prgbin\\two.txt", "PrgBin/two.txt"},
-          Case{"prgbin/one.txt", "PrgBin/One.txt"}, Case{"prgbin\\", "PrgBin/"},
-          Case{"ダタ\\Ａ.TXT", "ダタ/Ａ.txt"}, Case{"prgbin\\None\\Sub.X", "PrgBin/None/Sub.X"},
-          Case{"None\\prgbin", "None/prgbin"}})
-        EXPECT_EQ(os::native_path(folder.program() + "\\" + c.written), folder.native(c.found)) << c.written;
-    EXPECT_EQ(os::native_path("C:\\"), "/");
-    EXPECT_EQ(os::native_path("d:\\no\\Such"), "/no/Such");
-    EXPECT_EQ(os::native_path(""), "");
-    EXPECT_EQ(os::program_path("/"), "C:\\");
-    EXPECT_EQ(os::program_path("/opt/k/prgbin"), "C:\\opt\\k\\prgbin");
-    EXPECT_EQ(os::native_path(os::program_path(folder.native("PrgBin/two.txt"))),
-              folder.native("PrgBin/two.txt"));
+    for (const char* name : {"PrgBin/One.txt", "PrgBin/two.txt", "PrgBin/TWO.txt", "ダタ/Ａ.txt"})
+        folder.write(name, "");
+    for (const auto& r : table(R"(~\PrgBin\One.txt|~/PrgBin/One.txt ; ~\PRGBIN\ONE.TXT|~/PrgBin/One.txt
+        ~\prgbin\TWO.txt|~/PrgBin/TWO.txt ; ~\prgbin\two.txt|~/PrgBin/two.txt ; ~\prgbin\|~/PrgBin/
+        ~\prgbin/one.txt|~/PrgBin/One.txt ; ~\ダタ\Ａ.TXT|~/ダタ/Ａ.txt ; ~\None\prgbin|~/None/prgbin
+        ~\prgbin\None\Sub.X|~/PrgBin/None/Sub.X ; C:\|/ ; d:\no\Such|/no/Such ; |)"))
+        EXPECT_EQ(os::native_path(Replace(r[0], "~", folder.program())), Replace(r[1], "~", folder.native()));
+    EXPECT_EQ(os::program_path("/") + os::program_path("/opt/k/prgbin"), "C:\\C:\\opt\\k\\prgbin");
 }
 
 TEST(Paths, SharesLieUnderTheirRoot) {
@@ -78,10 +67,14 @@ TEST(Files, TellWhatIsThere) {
     folder.write("Doc/Quote.XLS", "12345");
     const std::string file = folder.program("doc/quote.xls"), doc = folder.program("DOC"),
                       none = folder.program("doc/none");
-    EXPECT_TRUE(os::FileExists(file));
-    EXPECT_FALSE(os::FileExists(doc) || os::FileExists(none) || os::FileExists(""));
-    EXPECT_TRUE(os::FolderExists(doc));
-    EXPECT_FALSE(os::FolderExists(file) || os::FolderExists(none));
+    const auto told = [](const std::string& path) {  // exists, as a folder; named plainly, with 33, with 16
+        return std::to_string(os::FileExists(path)) + std::to_string(os::FolderExists(path)) + "," +
+               os::Dir(path) + "," + os::Dir(path, 33) + "," + os::Dir(path, os::attribute_folder);
+    };
+    EXPECT_EQ(told(file), "10,Quote.XLS,Quote.XLS,Quote.XLS");
+    EXPECT_EQ(told(doc), "01,,,Doc");
+    EXPECT_EQ(told(none) + " " + told(""), "00,,, 00,,,");
+    EXPECT_EQ(os::Dir(doc + "\\"), "");
     EXPECT_EQ(os::GetAttr(doc), 16);
     EXPECT_EQ(os::GetAttr(file), 32);
     EXPECT_EQ(os::FileLen(file), 5);
@@ -89,45 +82,33 @@ TEST(Files, TellWhatIsThere) {
     EXPECT_THROW(os::GetAttr(none), os::FileError);
     EXPECT_THROW(os::FileLen(none), os::FileError);
     EXPECT_THROW(os::FileDateTime(none), os::FileError);
-    EXPECT_EQ(os::Dir(file), "Quote.XLS");
-    EXPECT_EQ(os::Dir(file, 33), "Quote.XLS");
-    EXPECT_EQ(os::Dir(doc), "");
-    EXPECT_EQ(os::Dir(doc, 33), "");
-    EXPECT_EQ(os::Dir(doc, os::attribute_folder), "Doc");
-    EXPECT_EQ(os::Dir(none, os::attribute_folder), "");
-    EXPECT_EQ(os::Dir(""), "");
-    EXPECT_EQ(os::Dir(doc + "\\"), "");
 }
 
 TEST(Files, CopyWholeOrNotAtAll) {
     const TempFolder folder;
-    folder.write("a.txt", "new");
-    folder.write("b.txt", "old");
-    folder.write("tree/one.txt", "1");
-    folder.write("tree/sub/two.txt", "2");
+    const auto p = [&folder](const char* name) { return folder.program(name); };
+    for (const auto& r :
+         table("a.txt|new ; b.txt|old ; tree/one.txt|1 ; tree/sub/two.txt|2 ; target/sub/two.txt|old"))
+        folder.write(r[0], r[1]);
     std::filesystem::create_directory_symlink(".", folder.native("tree/sub/round"));
     std::filesystem::last_write_time(folder.native("a.txt"),
                                      std::filesystem::file_time_type::clock::now() - std::chrono::hours(48));
-    EXPECT_THROW(os::CopyFile(folder.program("a.txt"), folder.program("b.txt"), false), os::FileError);
+    EXPECT_THROW(os::CopyFile(p("a.txt"), p("b.txt"), false), os::FileError);
     EXPECT_EQ(folder.read("b.txt"), "old");
-    os::CopyFile(folder.program("a.txt"), folder.program("B.TXT"), true);
-    EXPECT_EQ(folder.read("b.txt"), "new");
-    EXPECT_EQ(os::FileDateTime(folder.program("b.txt")), os::FileDateTime(folder.program("a.txt")));
-    EXPECT_THROW(os::CopyFile(folder.program("none"), folder.program("b.txt"), true), os::FileError);
-    EXPECT_THROW(os::CopyFile(folder.program("a.txt"), folder.program("tree"), true), os::FileError);
-    EXPECT_THROW(os::CopyFile(folder.program("tree"), folder.program("c"), true), os::FileError);
+    os::CopyFile(p("a.txt"), p("B.TXT"), true);
+    EXPECT_EQ(os::FileDateTime(p("b.txt")), os::FileDateTime(p("a.txt")));
+    EXPECT_THROW(os::CopyFile(p("none"), p("b.txt"), true), os::FileError);
+    EXPECT_THROW(os::CopyFile(p("a.txt"), p("tree"), true), os::FileError);
+    EXPECT_THROW(os::CopyFile(p("tree"), p("c"), true), os::FileError);
     EXPECT_EQ(folder.read("b.txt"), "new");
 
-    folder.write("target/sub/two.txt", "old");
-    os::CopyFolder(folder.program("tree"), folder.program("target"), true);
+    os::CopyFolder(p("tree"), p("target"), true);
     EXPECT_EQ(folder.read("target/one.txt") + folder.read("target/sub/two.txt"), "12");
-    EXPECT_THROW(os::CopyFolder(folder.program("tree"), folder.program("target"), false), os::FileError);
-    EXPECT_THROW(os::CopyFolder(folder.program("tree"), folder.program("tree/sub"), true), os::FileError);
-    EXPECT_THROW(os::CopyFolder(folder.program("a.txt"), folder.program("x"), true), os::FileError);
-    std::size_t left = 0;  // a.txt, b.txt, tree, target: nothing half copied beside them
-    for (const auto& entry : std::filesystem::directory_iterator(folder.native()))
-        left += !entry.path().empty();
-    EXPECT_EQ(left, 4U);
+    EXPECT_THROW(os::CopyFolder(p("tree"), p("target"), false), os::FileError);
+    EXPECT_THROW(os::CopyFolder(p("tree"), p("tree/sub"), true), os::FileError);
+    EXPECT_THROW(os::CopyFolder(p("a.txt"), p("x"), true), os::FileError);
+    // a.txt, b.txt, tree, target: nothing half copied beside them
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.native()), {}), 4);
 }
 
 TEST(Files, FoldersAreMadeOneLevelAndDeletedWhole) {

@@ -1,4 +1,3 @@
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -6,42 +5,30 @@
 #include <array>
 #include <csignal>
 #include <cstdlib>
+#include <filesystem>
 
+#include "base/text.h"
 #include "platform/os/clock.h"
 #include "platform/os/files.h"
 #include "platform/os/process.h"
 #include "platform/os/secrets.h"
+#include "support/table.h"
 #include "support/temp_folder.h"
 
 namespace kalvane {
 namespace {
 
-using test::TempFolder;
-
-TEST(Clock, StandsUntilItIsMoved) {
-    const DateTime start{{2024, 2, 29}, 23, 59, 58};
-    os::freeze_clock(start);
-    os::advance_clock(1600);
-    os::sleep_ms(300);
-    EXPECT_EQ(os::now(), (DateTime{{2024, 2, 29}, 23, 59, 59}));
-    os::sleep_ms(100);
-    EXPECT_EQ(os::now(), (DateTime{{2024, 3, 1}, 0, 0, 0}));
-    EXPECT_EQ(os::today(), (Date{2024, 3, 1}));
-    os::release_clock();
-    EXPECT_FALSE(os::clock_frozen());
-    EXPECT_GT(os::now(), start);
-}
+using namespace test;
 
 TEST(Process, NamesStandInBuffers) {
     os::set_user_name("山田");
-    std::string buffer = os::user_name_buffer();
+    const std::string buffer = os::user_name_buffer();
     EXPECT_EQ(buffer.size(), 255U);
     EXPECT_EQ(buffer.substr(0, buffer.find('\0')), "山田");
     os::set_computer_name(std::string(300, 'x'));
     EXPECT_EQ(os::computer_name_buffer().front(), '\0');
     os::set_computer_name("PC01");
     EXPECT_EQ(os::computer_name_buffer().substr(0, 5), std::string("PC01\0", 5));
-    EXPECT_EQ(os::復号("anything"), "");
 }
 
 TEST(Process, SeesAnotherInstanceWhileItLives) {
@@ -74,21 +61,18 @@ TEST(Process, SeesAnotherInstanceWhileItLives) {
     unsetenv("XDG_RUNTIME_DIR");
 }
 
+// The text, and the program, the path and the argument in it.
 TEST(Process, ShellTextIsTakenApart) {
-    for (const auto& [text, program, path, argument] : std::initializer_list<std::array<const char*, 4>>{
-             {"C:\\k\\prgbin\\Print.exe 00020240401  12", "Print", "C:\\k\\prgbin\\Print.exe",
-              "00020240401  12"},
-             {"C:\\p q\\Print.EXE  a ", "Print", "C:\\p q\\Print.EXE", " a "},
-             {"C:\\k\\Print.exe", "Print", "C:\\k\\Print.exe", ""},
-             {"C:\\k\\Print.exe ", "Print", "C:\\k\\Print.exe", ""},
-             {"C:\\k\\更新 処理", "更新 処理", "C:\\k\\更新 処理", ""},
-             {"C:\\k\\Run.exe C:\\x\\y.exe z", "Run", "C:\\k\\Run.exe", "C:\\x\\y.exe z"}}) {
+    for (const auto& r : table(R"(
+        C:\k\prgbin\Print.exe 00020240401  12|Print|C:\k\prgbin\Print.exe|00020240401  12
+        C:\p q\Print.EXE  a |Print|C:\p q\Print.EXE| a 
+        C:\k\Print.exe|Print|C:\k\Print.exe| ; C:\k\Print.exe |Print|C:\k\Print.exe|
+        C:\k\更新 処理|更新 処理|C:\k\更新 処理| ; C:\k\Run.exe C:\x\y.exe z|Run|C:\k\Run.exe|C:\x\y.exe z)")) {
         os::Launch got;
         os::launcher = [&](const os::Launch& launch) { got = launch; };
-        os::Shell(text, os::WindowMode::minimised);
+        os::Shell(r[0], os::WindowMode::minimised);
         os::launcher = nullptr;
-        EXPECT_EQ(got.program + "|" + got.path + "|" + got.argument,
-                  std::string(program) + "|" + path + "|" + argument);
+        EXPECT_EQ((std::vector{r[0], got.program, got.path, got.argument}), r);
         EXPECT_EQ(got.mode, os::WindowMode::minimised);
     }
 }
@@ -117,6 +101,84 @@ TEST(Process, StartsAProgramWithOneArgument) {
     os::release_clock();
     for (const char* name : {"bin/none.exe", "bin/data.exe", "bin"})
         EXPECT_THROW(os::Shell(folder.program(name) + " x", os::WindowMode::normal), os::FileError) << name;
+}
+
+// --- the stored form of secret texts, and the key file behind it
+
+struct Secrets : testing::Test {
+    void SetUp() override { use("key"); }
+    void TearDown() override { os::set_key_file(""); }
+    // Makes the key file, unless it exists, and reads secrets by it.
+    void use(const char* name) const {
+        os::create_key_file(folder.program(name));
+        os::set_key_file(folder.program(name));
+    }
+    TempFolder folder;
+};
+
+TEST_F(Secrets, ComeBackUnderTheirKeyAlone) {
+    for (const std::string plain : {"ABCD", "SUZUKI2", "暗証番号", "O'BRIEN\"|\\"}) {
+        const std::string stored = os::暗号化(plain);
+        EXPECT_EQ(os::復号(stored), plain);
+        EXPECT_NE(stored, os::暗号化(plain)) << "two stored forms of one text tell that they are equal";
+        EXPECT_EQ(stored.find(plain), std::string::npos);
+        EXPECT_EQ(stored.find_first_of("'\"|\\"), std::string::npos) << stored;  // it stands in statements
+        use("other");
+        EXPECT_EQ(os::復号(stored), "");
+        use("key");
+        EXPECT_EQ(os::復号(stored), plain);
+    }
+    EXPECT_EQ(os::暗号化(""), "");
+    EXPECT_EQ(os::復号(""), "");
+}
+
+TEST_F(Secrets, DamagedTextsAreEmpty) {
+    std::string stored;
+    while (!contains(stored, "_"))
+        stored = os::暗号化("TANAKA3");  // the digit that a lax decoder sees in '\x80'
+    std::vector<std::string> damaged{
+        stored + "A", stored + "=", "TANAKA3", "s1:", "s1:AAAA", "S1:", "暗証番号"};
+    for (std::size_t i = 0; i < stored.size(); ++i) {
+        damaged.push_back(stored.substr(0, i));
+        damaged.push_back(std::string(stored).erase(i, 1));
+        damaged.push_back(std::string(stored).insert(i, 1, stored[i]));
+        for (const char other : {'A', 'B', '\0', '\x80', '\''})
+            if (stored[i] != other) damaged.push_back(std::string(stored).replace(i, 1, 1, other));
+    }
+    for (const std::string& text : damaged) EXPECT_EQ(os::復号(text), "") << text;
+}
+
+TEST_F(Secrets, WithoutAWholeKeyNothingIsReadOrWritten) {
+    const std::string stored = os::暗号化("TANAKA3"), key = folder.read("key");
+    folder.write("short", key.substr(1));
+    folder.write("long", key + "x");
+    folder.write("empty", "");
+    std::filesystem::create_directory(folder.native("folder"));
+    for (const std::string name : {"short", "long", "empty", "folder", "missing", "missing/key"}) {
+        os::set_key_file(folder.program(name));
+        EXPECT_EQ(os::復号(stored), "") << name;
+        EXPECT_THROW(os::暗号化("TANAKA3"), os::FileError) << name;
+    }
+    os::set_key_file("");
+    EXPECT_EQ(os::復号(stored), "");
+    folder.write("copy", key);
+    os::set_key_file(folder.program("copy"));
+    EXPECT_EQ(os::復号(stored), "TANAKA3");
+}
+
+TEST_F(Secrets, TheKeyFileIsForOwnerAndGroup) {
+    const mode_t mask = umask(0);
+    os::create_key_file(folder.program("open"));
+    umask(mask);
+    struct stat seen {};
+    ASSERT_EQ(stat(folder.native("open").c_str(), &seen), 0);
+    EXPECT_EQ(seen.st_mode & 0777, 0640u);
+    const std::string key = folder.read("key");
+    EXPECT_EQ(key.size(), 32u);
+    EXPECT_NE(key, folder.read("open"));
+    os::create_key_file(folder.program("key"));
+    EXPECT_EQ(folder.read("key"), key) << "a key that exists stays";
+    EXPECT_THROW(os::create_key_file(folder.program("missing/key")), os::FileError);
 }
 
 }  // namespace

@@ -1,5 +1,3 @@
-#include <gtest/gtest.h>
-
 #include "ado_support.h"
 #include "base/failure.h"
 #include "platform/os/files.h"
@@ -9,8 +7,10 @@
 namespace kalvane {
 namespace {
 
+using Texts = std::vector<std::string>;
+
 int record = 0, kept = 0;  // the record of an upper floor, and its copy
-std::vector<std::string> boxes;
+Texts boxes;
 
 struct Dispatch : testing::Test {
     Form form, box;
@@ -33,80 +33,66 @@ struct Dispatch : testing::Test {
         reset_screen();
         host = {};
     }
+    // Dispatches a change of the record to 2 and the work behind it; the record then, which was 1.
+    static int record_after(const std::function<void()>& work) {
+        record = 1;
+        dispatch([&] {
+            record = 2;
+            work();
+        });
+        return record;
+    }
 };
 
 TEST_F(Dispatch, AFailurePutsTheRecordsBackAndShowsItsText) {
-    const std::function<void()> failures[] = {[] { throw RunFailure(overflow_text); },
-                                              [] { throw ado::Error(-1, "no such table: T"); },
-                                              [] { throw os::FileError(53, "missing"); }};
-    for (const auto& fail : failures) {
-        record = 1;
-        dispatch([&] {
-            record = 2;
-            fail();
-        });
-        EXPECT_EQ(record, 1);
-    }
-    EXPECT_EQ(boxes, (std::vector<std::string>{overflow_text, "no such table: T", "missing"}));
+    EXPECT_EQ(record_after([] { throw RunFailure(overflow_text); }), 1);
+    EXPECT_EQ(record_after([] { throw ado::Error(-1, "no such table: T"); }), 1);
+    EXPECT_EQ(record_after([] { throw os::FileError(53, "missing"); }), 1);
     EXPECT_TRUE(failed_in_dispatch());
-    dispatch([] { record = 3; });
-    EXPECT_EQ(record, 3);
-    EXPECT_EQ(boxes.size(), 3u);
+    EXPECT_EQ(record_after([] {}), 2);
     event_copies.restore = [] { throw RunFailure("redraw"); };
     dispatch([] { throw RunFailure("first"); });
-    EXPECT_EQ(boxes.back(), "first");
+    EXPECT_EQ(boxes, (Texts{overflow_text, "no such table: T", "missing", "first"}));
 }
 
 TEST_F(Dispatch, AFailureInsideALoopLeavesTheRestoringToTheOutermost) {
-    record = 1;
-    dispatch([] {
-        record = 2;
-        dispatch([] {
-            record = 3;
-            throw RunFailure("inner");
-        });
-        EXPECT_EQ(record, 3);
-        record = 4;
-    });
-    EXPECT_EQ(record, 4);
-    EXPECT_EQ(boxes, std::vector<std::string>{"inner"});
+    EXPECT_EQ(record_after([] {
+                  dispatch([] {
+                      record = 3;
+                      throw RunFailure("inner");
+                  });
+                  EXPECT_EQ(record, 3);
+                  record = 4;
+              }),
+              4);
+    EXPECT_EQ(boxes, Texts{"inner"});
 }
 
 TEST_F(Dispatch, NothingIsPutBackOnceAStatementHasWritten) {
-    {
-        test::Database db({"CREATE TABLE T (a TEXT)"});
-        ado::Connection& connection = db.program;
-        record = 1;
-        dispatch([&] {
-            record = 2;
-            ado::Recordset rows;
-            rows.Open("SELECT * FROM T", connection);
-            throw RunFailure("after a read");
-        });
-        EXPECT_EQ(record, 1);
-        dispatch([&] {
-            record = 2;
-            connection.Execute("INSERT INTO T VALUES ('1')");
-            throw RunFailure("after a write");
-        });
-        EXPECT_EQ(record, 2);
-    }
+    test::Database db({"CREATE TABLE T (a TEXT)"});
+    EXPECT_EQ(record_after([&] {
+                  test::rows_of(db.program, "SELECT * FROM T");
+                  throw RunFailure("after a read");
+              }),
+              1);
+    EXPECT_EQ(record_after([&] {
+                  db.program.Execute("INSERT INTO T VALUES ('1')");
+                  throw RunFailure("after a write");
+              }),
+              2);
     EXPECT_EQ(boxes.size(), 2u);
 }
 
 TEST_F(Dispatch, NothingRunsAfterTheEnd) {
     show_form(form);
     end_process();
-    dispatch([] { record = 9; });
+    EXPECT_EQ(record_after([] {}), 1);
     message_box("text");
     EXPECT_FALSE(ask("text", true));
     show_form(form);
-    EXPECT_EQ(record, 0);
-    EXPECT_TRUE(boxes.empty());
-    EXPECT_TRUE(open_forms.empty());
+    EXPECT_TRUE(boxes.empty() && open_forms.empty());
     reset_screen();
-    dispatch([] { record = 9; });
-    EXPECT_EQ(record, 9);
+    EXPECT_EQ(record_after([] {}), 2);
 }
 
 // --- the life of forms
@@ -129,15 +115,14 @@ TEST_F(Forms, LoadOncePerCreation) {
     hide_form(form);
     EXPECT_EQ(top_form(), nullptr);
     show_form(form);
-    EXPECT_EQ(loads, 1);
     refuse = true;
     EXPECT_FALSE(close_form(form));
     EXPECT_EQ(top_form(), &form);
+    EXPECT_EQ(loads, 1);
     refuse = false;
     EXPECT_TRUE(close_form(form));
-    EXPECT_EQ(unloads, 1);
     show_form(form);
-    EXPECT_EQ(loads, 2);
+    EXPECT_EQ(loads * 10 + unloads, 21);
 }
 
 TEST_F(Forms, ALoadThatFailsLeavesNoForm) {
@@ -146,9 +131,8 @@ TEST_F(Forms, ALoadThatFailsLeavesNoForm) {
         throw RunFailure("load");
     };
     dispatch([&] { show_form(form); });
-    EXPECT_FALSE(form.loaded);
-    EXPECT_EQ(form.active, nullptr);
-    EXPECT_EQ(boxes, std::vector<std::string>{"load"});
+    EXPECT_TRUE(!form.loaded && !form.active);
+    EXPECT_EQ(boxes, Texts{"load"});
 }
 
 TEST_F(Forms, AModalFormEndsWithItsClosing) {
@@ -166,8 +150,7 @@ TEST_F(Forms, AModalFormEndsWithItsClosing) {
     EXPECT_FALSE(box.modal);
     host.run_modal = [](Form&) {};  // a host that gives up
     show_modal(box);
-    EXPECT_FALSE(box.visible);
-    EXPECT_TRUE(box.loaded);
+    EXPECT_TRUE(!box.visible && box.loaded);
 }
 
 TEST_F(Forms, TheEndClosesAllWithoutAsking) {
@@ -177,9 +160,7 @@ TEST_F(Forms, TheEndClosesAllWithoutAsking) {
     box.Unload = [](Form&) { unloads += 10; };
     end_process();
     EXPECT_EQ(unloads, 11);
-    EXPECT_FALSE(form.loaded);
-    EXPECT_FALSE(box.loaded);
-    EXPECT_TRUE(process_ended());
+    EXPECT_TRUE(!form.loaded && !box.loaded && process_ended());
 }
 
 TEST_F(Forms, TheNoticeIsThatOfTheFormOnTop) {

@@ -1,6 +1,6 @@
 #include "rules/number_allocation.h"
 
-#include <functional>
+#include <map>
 
 #include "platform/os/files.h"
 #include "support/program_database.h"
@@ -62,46 +62,36 @@ TEST_F(NumberAllocation, 番号基準日付取得) {
     EXPECT_TRUE(boxes.empty());
 }
 
-// The series stands at 7 and its history at 41. S reads the series, W with the name of another table (which
-// fails); r reads the counter's row, i makes it, u updates it.
+// The series stands at 7 and its history at 41. Routine, by site, kind of series, counter, number,
+// statements: S reads the series, W with the name of another table (which fails); r reads the counter's row,
+// i makes it, u updates it.
 TEST_F(NumberAllocation, StatementsOfEachRoutine) {
-    struct Row {
-        Routine routine;
-        std::int16_t by_site;
-        const char *kind, *number;
-        const Counter& counter;
-        const char* statements;
-    };
-    const Row rows[] = {{次番号参照, 0, "'0'", "00000008", plain, "S"},
-                        {番号採番, 0, "'0'", "00000008", plain, "Su"},
-                        {履歴番号採番, 0, "'0'", "00000042", plain, "Su"},
-                        {次番号参照, 0, "'1'", "00000001", dated, "SrSir"},
-                        {番号採番, 0, "'2'", "00000001", dated, "SrSiru"},
-                        {履歴番号採番, 0, "'3'", "00000001", dated, "SrSiru"},
-                        {次番号参照, 0, "'9'", "", dated, "SrSi"},
-                        {番号採番, 0, "'9'", "", dated, "SrSi"},
-                        {履歴番号採番, 0, "'9'", "00000042", plain, "Su"},
-                        {次番号参照, 1, "'0'", "00000001", of_site, "SrSir"},
-                        {番号採番, 1, "'0'", "00000001", of_site, "SrSiru"},
-                        {履歴番号採番, 9, "'4'", "00000001", of_site, "SrSiru"},
-                        {次番号参照, 1, "'1'", "", dated_of_site, "SrWr"},
-                        {番号採番, 1, "'1'", "", dated_of_site, "SrWru"},
-                        {履歴番号採番, 1, "'3'", "", dated_of_site, "SrWru"},
-                        {番号採番, 1, "'9'", "", dated_of_site, "SrW"}};
-    for (const Row& r : rows) {
+    const std::map<std::string, Routine> routines = {
+        {"preview", 次番号参照}, {"number", 番号採番}, {"history", 履歴番号採番}};
+    const std::map<std::string, Counter> counters = {
+        {"", plain}, {"dated", dated}, {"site", of_site}, {"both", dated_of_site}};
+    for (const auto& r :
+         test::table(R"(preview|0|'0'||00000008|S ; number|0|'0'||00000008|Su ; history|0|'0'||00000042|Su
+        preview|0|'1'|dated|00000001|SrSir ; number|0|'2'|dated|00000001|SrSiru
+        preview|0|'3'|dated|00000001|SrSir ; history|0|'3'|dated|00000001|SrSiru
+        preview|0|'9'|dated||SrSi ; number|0|'9'|dated||SrSi
+        history|0|'9'||00000042|Su ; preview|1|'0'|site|00000001|SrSir ; number|1|'0'|site|00000001|SrSiru
+        history|9|'4'|site|00000001|SrSiru ; preview|1|'1'|both||SrWr ; number|1|'1'|both||SrWru
+        history|1|'3'|both||SrWru ; number|1|'9'|both||SrW)")) {
         for (const Counter& c : {dated, of_site, dated_of_site}) run("DELETE FROM " + c.table);
-        実行環境.伝票番号管理区分 = r.by_site;
-        series(r.kind, "'00000007'", "'00000041'");
-        EXPECT_EQ(r.routine("16240", "20240331", "001"), r.number);
+        実行環境.伝票番号管理区分 = to_i16(r[1]);
+        series(r[2], "'00000007'", "'00000041'");
+        EXPECT_EQ(routines.at(r[0])("16240", "20240331", "001"), r[4]);
+        const Counter& counter = counters.at(r[3]);
         Texts expected;
-        for (const char* s = r.statements; *s; ++s)
-            expected.push_back(
-                *s == 'S'   ? series_read
-                : *s == 'W' ? Replace(series_read, "WHERE A番号情報", "WHERE A事業所別番号情報")
-                : *s == 'r' ? r.counter.read()
-                : *s == 'i' ? r.counter.insert()
-                            : r.counter.update(r.routine == 履歴番号採番 ? "履歴連番" : "連番", r.number));
-        EXPECT_EQ(statements, expected) << r.kind << " by site " << r.by_site;
+        for (const char step : r[5])
+            expected.push_back(step == 'S' ? series_read
+                               : step == 'W'
+                                   ? Replace(series_read, "WHERE A番号情報", "WHERE A事業所別番号情報")
+                               : step == 'r' ? counter.read()
+                               : step == 'i' ? counter.insert()
+                                             : counter.update(r[0] == "history" ? "履歴連番" : "連番", r[4]));
+        EXPECT_EQ(statements, expected) << r[0] << r[2] << " by site " << r[1];
         EXPECT_TRUE(boxes.empty());
     }
     EXPECT_EQ(error_rows(), "4") << "one for each look at the series of a dated counter by site";
@@ -109,7 +99,8 @@ TEST_F(NumberAllocation, StatementsOfEachRoutine) {
 
 TEST_F(NumberAllocation, NextNumber) {
     for (const auto& r : test::table(R"('00000000'|00000001 ; '00000123'|00000124 ; '99999999'|100000000
-        '100000000'|100000001 ; 'abc'|00000001 ; NULL|00000001 ; ''|00000001 ; '-1'|00000001 ; '12'|00000013)")) {
+        '100000000'|100000001 ; 'abc'|00000001 ; NULL|00000001 ; ''|00000001 ; '-1'|00000001
+        '12'|00000013)")) {
         series("'0'", r[0]);
         const std::string before = value("SELECT 連番 FROM A番号情報");
         EXPECT_EQ(次番号参照("16240", "99999999", "000"), r[1]) << r[0];
@@ -122,48 +113,45 @@ TEST_F(NumberAllocation, NextNumber) {
 TEST_F(NumberAllocation, CountersStandAlone) {
     series("'1'", "'00000500'");
     run("INSERT INTO A事業所別期日別番号情報 VALUES ('002','16240','20240331','00000070','00000090')");
-    EXPECT_EQ(番号採番("16240", "20240331", "001"), "00000001");
-    EXPECT_EQ(番号採番("16240", "20240331", "002"), "00000002");
-    EXPECT_EQ(番号採番("16240", "20250331", "001"), "00000001");
-    EXPECT_EQ(履歴番号採番("16240", "20240331", "001"), "00000001");
+    const auto numbers = [](const char* date, const char* site) {
+        const std::string number = 番号採番("16240", date, site), history = 履歴番号採番("16240", date, site);
+        return number + " " + history + " " + 次番号参照("16240", date, site);
+    };
+    EXPECT_EQ(numbers("20240331", "001"), "00000001 00000001 00000002");
+    EXPECT_EQ(numbers("20240331", "002"), "00000002 00000002 00000003");
+    EXPECT_EQ(numbers("20250331", "001"), "00000001 00000001 00000002");
     実行環境.伝票番号管理区分 = 1;
-    EXPECT_EQ(番号採番("16240", "20240331", "002"), "00000071");
-    EXPECT_EQ(履歴番号採番("16240", "20240331", "002"), "00000091");
-    EXPECT_EQ(次番号参照("16240", "20240331", "002"), "00000072");
+    EXPECT_EQ(numbers("20240331", "002"), "00000071 00000091 00000072");
     EXPECT_EQ(value("SELECT 連番 FROM A期日別番号情報 WHERE 期日 = '20240331'"), "00000002");
     EXPECT_EQ(value("SELECT 連番 FROM A番号情報"), "00000500");
     series("'0'", "'00000500'");
-    EXPECT_EQ(番号採番("16240", "99999999", "001"), "00000001");
-    EXPECT_EQ(番号採番("16240", "99999999", "003"), "00000001");
-    EXPECT_EQ(番号採番("16240", "99999999", "001"), "00000002");
+    EXPECT_EQ(numbers("99999999", "001"), "00000001 00000001 00000002");
+    EXPECT_EQ(numbers("99999999", "003"), "00000001 00000001 00000002");
+    EXPECT_EQ(numbers("99999999", "001"), "00000002 00000002 00000003");
     EXPECT_EQ(error_rows(), "0");
 }
 
+// Once by the variant for the company or the site, and once more by the routine that chooses between them.
 TEST_F(NumberAllocation, BoxesOfAMissingSeries) {
-    for (const bool by_site : {false, true}) {
-        実行環境.伝票番号管理区分 = by_site;
-        for (const Routine routine : {次番号参照, 番号採番, 履歴番号採番}) {
+    const std::string id = "16240", date = "20240331", site = "001";
+    for (const Routine routine : {次番号参照, 番号採番, 履歴番号採番})
+        for (const bool by_site : {false, true}) {
+            実行環境.伝票番号管理区分 = by_site;
             boxes.clear();
-            EXPECT_EQ(routine("16240", "20240331", "001"), "00000000");
-            EXPECT_EQ(boxes, (Texts{fault, fault}));
+            EXPECT_EQ(routine(id, date, site), "00000000");
+            EXPECT_EQ(boxes, Texts(2, fault));
         }
-    }
-    const std::function<std::string()> variants[] = {
-        [] { return 次番号参照全社("16240", "20240331"); },
-        [] { return 番号採番全社("16240", "20240331"); },
-        [] { return 履歴番号採番全社("16240", "20240331"); },
-        [] { return 次番号参照事業所別("16240", "20240331", "001"); },
-        [] { return 番号採番事業所別("16240", "20240331", "001"); },
-        [] { return 履歴番号採番事業所別("16240", "20240331", "001"); }};
-    for (const auto& variant : variants) {
-        boxes.clear();
-        EXPECT_EQ(variant(), "00000000");
-        EXPECT_EQ(boxes, Texts{fault});
-    }
+    boxes.clear();
+    EXPECT_EQ(次番号参照全社(id, date) + 番号採番全社(id, date) + 履歴番号採番全社(id, date),
+              "000000000000000000000000");
+    EXPECT_EQ(次番号参照事業所別(id, date, site) + 番号採番事業所別(id, date, site) +
+                  履歴番号採番事業所別(id, date, site),
+              "000000000000000000000000");
+    EXPECT_EQ(boxes, Texts(6, fault));
     EXPECT_EQ(value("SELECT COUNT(*) FROM A期日別番号情報"), "0");
 }
 
-TEST_F(NumberAllocation, AFailingUpdateIsNotSeen) {
+TEST_F(NumberAllocation, AFailingStatementIsNotSeen) {
     series("'0'", "'00000007'");
     failing = "UPDATE";
     EXPECT_EQ(番号採番("16240", "99999999", "000"), "00000008");
@@ -174,20 +162,18 @@ TEST_F(NumberAllocation, AFailingUpdateIsNotSeen) {
     EXPECT_EQ(番号基準日付取得("16240", "20240515"), "");
 }
 
+// By the kinds of counter row; the dated one of a site never, and none for a series that is not there.
 TEST_F(NumberAllocation, RowsAreMadeOnce) {
     series("'1'", "'00000000'");
-    for (int i = 0; i < 2; ++i) {
-        期日別番号行作成("16240", "20240331");
-        事業所別番号行作成("16240", "001");
-        事業所別期日別番号行作成("16240", "20240331", "001");
-        期日別番号行作成("00000", "20240331");
-        事業所別番号行作成("00000", "001");
+    for (const char* id : {"16240", "16240", "00000"}) {
+        期日別番号行作成(id, "20240331");
+        事業所別番号行作成(id, "001");
+        事業所別期日別番号行作成(id, "20240331", "001");
     }
-    EXPECT_EQ(value("SELECT COUNT(*) FROM A期日別番号情報") +
-                  value("SELECT COUNT(*) FROM A事業所別番号情報") +
-                  value("SELECT COUNT(*) FROM A事業所別期日別番号情報"),
-              "110");
-    EXPECT_EQ(error_rows(), "2");
+    std::string rows;
+    for (const Counter& c : {dated, of_site, dated_of_site}) rows += value("SELECT COUNT(*) FROM " + c.table);
+    EXPECT_EQ(rows, "110");
+    EXPECT_EQ(error_rows(), "3");
 }
 
 TEST_F(NumberAllocation, 更新プログラム起動) {
@@ -197,21 +183,19 @@ TEST_F(NumberAllocation, 更新プログラム起動) {
         if (refuse) throw os::FileError(53, "no such file");
         started.push_back(launch.path + (launch.mode == os::WindowMode::minimised ? " minimised" : ""));
     };
-    for (const char* program : {"'KalvaneUpdate.exe'", "''", "NULL"})
-        for (const bool refused : {false, true}) {
-            refuse = refused;
-            series("'0'", "'00000000'");
-            run(std::string("UPDATE A番号情報 SET 更新プログラム = ") + program);
-            statements.clear();
-            started.clear();
-            更新プログラム起動("16240");
-            EXPECT_EQ(started, *(program + 1) == 'K' && !refuse
-                                   ? Texts{"C:\\k\\prgbin\\KalvaneUpdate.exe minimised"}
-                                   : Texts{})
-                << program;
-            EXPECT_EQ(statements, Texts{"SELECT 更新プログラム FROM A番号情報 WHERE 番号ID = '16240'"});
-        }
-    started.clear();
+    for (const auto& r :
+         test::table("'KalvaneUpdate.exe'|y| ; ''|y| ; NULL|y| ; 'KalvaneUpdate.exe'|n|refused")) {
+        refuse = r[2] == "refused";
+        series("'0'", "'00000000'");
+        run("UPDATE A番号情報 SET 更新プログラム = " + r[0]);
+        statements.clear();
+        started.clear();
+        更新プログラム起動("16240");
+        EXPECT_EQ(started, r[0] == "'KalvaneUpdate.exe'" && !refuse
+                               ? Texts{"C:\\k\\prgbin\\KalvaneUpdate.exe minimised"}
+                               : Texts{});
+        EXPECT_EQ(statements, Texts{"SELECT 更新プログラム FROM A番号情報 WHERE 番号ID = '16240'"});
+    }
     refuse = false;
     更新プログラム起動("00000");
     EXPECT_TRUE(started.empty() && boxes.empty());

@@ -1,41 +1,18 @@
-// Installations in folders of their own, and readers of what stands in them.
+// The installations of these tests, and the set-up program's command line.
 #pragma once
 #include <gtest/gtest.h>
 
 #include <sstream>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "platform/ado/ado.h"
-#include "platform/ado_support.h"
+#include "base/text.h"
 #include "setup/command.h"
-#include "setup/install.h"
 #include "setup/schema.h"
-#include "support/temp_folder.h"
+#include "support/seat.h"
+#include "support/table.h"
 
 namespace kalvane::test {
-
-struct Installation {
-    TempFolder folder;
-    std::string root = folder.native("root");
-
-    explicit Installation(setup::Content content = setup::Content::demo) {
-        setup::create_installation({.root = root, .programs = folder.native("bin"), .content = content});
-    }
-    std::string rows(std::string_view sql, std::string_view file = setup::main_file,
-                     ado::Access access = ado::Access::program) const {
-        ado::Connection connection;
-        setup::open_database(connection, root, file, access);
-        return rows_of(connection, sql);
-    }
-    void run(std::string_view sql, std::string_view file = setup::main_file) const {
-        ado::Connection connection;
-        setup::open_database(connection, root, file, ado::Access::owner);
-        connection.Execute(sql);
-        connection.Close();
-    }
-};
 
 // The demonstration company that tests only read, made once.
 inline const Installation& demo() {

@@ -1,108 +1,63 @@
 // Operation rights, and the operator's record.
 #include "startup/sign_on.h"
 
-#include <gtest/gtest.h>
-
+#include "base/text.h"
 #include "startup/operator_record.h"
 #include "startup/start_run.h"
 
 namespace kalvane {
 namespace {
 
-using test::Installation;
-using test::Start;
+using namespace test;
 
-// The operator 00001 has every right, the program is of class 1, and operators sign on with PINs.
-struct Case {
-    bool allowed;
-    std::string rights = {};            // assignments to the operator's row
-    const char* program_class = "'1'";  // "" for no row of the program
-    Operation kind = Operation::start;
-    const char* override_row = "";  // family and eight rights of 担当者別操作許可プログラム
-    const char* family = "Kalvane";
-    const char* site = "";  // of three, "" for no sites
-    const char* signed_on = "00001";
-    std::int16_t pins = 1;
-};
-const std::string all = "操作許可 = '1', 入力許可 = '1', 修正許可 = '1', 処理分類1操作許可 = '1'";
-constexpr const char* may_start = "'Kalvane', '0', '1', NULL, '0', '0', '0', '0', '0'";
-constexpr const char* of_other = "'Other', '0', '0', '0', '0', '0', '0', '0', '0'";
-constexpr auto start_kind = Operation::start, input_kind = Operation::input;
-
-const Case cases[] = {
-    {true},
-    {false, "操作許可 = '1'"},
-    {true, "操作許可 = '1'", "'1'", input_kind},
-    {false, "入力許可 = '1'", "'1'", input_kind},
-    {false, "修正許可 = '1'", "'1'", Operation::modify},
-    {false, "削除許可 = '1'", "'1'", Operation::erase},
-    {false, "印刷許可 = '1'", "'1'", Operation::print},
-    {false, "プレビュ許可 = '1'", "'1'", Operation::preview},
-    {false, "テキスト出力許可 = '1'", "'1'", Operation::text_output},
-    {false, "イメージ出力許可 = '1'", "'1'", Operation::image_output},
-    {true, "操作許可 = '1', イメージ出力許可 = '1'", "'1'", static_cast<Operation>(8)},
-    // the value of a right: 0 allows, all else denies
-    {true, "操作許可 = ''"},
-    {true, "操作許可 = 'x1'"},
-    {true, "操作許可 = '0.0'"},
-    {false, "操作許可 = '0.4'"},
-    {false, "操作許可 = '-1'"},
-    // the class of the program
-    {false, "処理分類1操作許可 = '1'"},
-    {true, "処理分類1操作許可 = '1'", "'9'"},
-    {false, "処理分類9操作許可 = '1'", "'9'"},
-    {false, "処理分類0操作許可 = '1'", "NULL"},
-    {true, all, "'10'", Operation::erase},
-    {true, all, "'-1'", Operation::erase},
-    {true, "処理分類1操作許可 = '1'", "'1.5'"},
-    {false, "", ""},
-    {true, "処理分類3操作許可 = '1'", "'3'"},
-    {false, all, "'3'"},
-    {false, "", "'3'", start_kind, "", "Kalvane", "000"},
-    {true, "", "'3'", start_kind, "", "Kalvane", "001"},
-    {false, "処理分類3操作許可 = '1'", "'3'", start_kind, "", "Kalvane", "001"},
-    // a row for the program overrides the operator's rights and the class
-    {true, all, "'1'", start_kind, may_start},
-    {false, "", "'1'", input_kind, may_start},
-    {true, all, "'1'", Operation::modify, may_start},
-    {false, "", "'1'", input_kind, "'Kalvane', '1', '0', '0', '0', '0', '0', '0', '0'"},
-    {false, all, "'1'", start_kind, of_other},
-    // outside the four families the family is no part of the key, and its table is not asked
-    {true, "", "'1'", start_kind, of_other, "Kalvaneマイメニュ"},
-    {false, "", "'1'", start_kind, "", "Kalvaneマイメニュ"},
-    // who is asked
-    {true, "在籍区分 = '1', 退社日付 = '20200101'"},
-    {false, "コード = '00002'"},
-    {false, "", "'1'", start_kind, "", "Kalvane", "", "  "},
-    {false, "", "'1'", start_kind, "", "Kalvane", "", "00002"},
-    {true, all, "''", start_kind, "", "Kalvane", "", "00001", 0},
-    {true, all, "'1'", start_kind, "", "Kalvane", "", "00001", 2},
-    {true, "コード = '00002'", "'1'", start_kind, "", "Kalvane", "", "00001", 0}};
+// The operator 00001 has every right, the program is of class 1, and operators sign on with PINs. The answer,
+// the kind of operation (0 to start), assignments to the operator's row, and what is arranged besides: "class
+// X", "no row" of the program, "own X" for its row in 担当者別操作許可プログラム, "family X", "site X" of
+// one, "code X" signed on, "pins X".
+const auto cases = table(R"(yes|0|| ; no|0|操作許可 = '1'| ; yes|1|操作許可 = '1'| ; no|1|入力許可 = '1'|
+    no|2|修正許可 = '1'| ; no|3|削除許可 = '1'| ; no|4|印刷許可 = '1'| ; no|5|プレビュ許可 = '1'|
+    no|6|テキスト出力許可 = '1'| ; no|7|イメージ出力許可 = '1'| ; yes|8|操作許可 = '1', イメージ出力許可 = '1'|
+    yes|0|操作許可 = ''| ; yes|0|操作許可 = 'x1'| ; yes|0|操作許可 = '0.0'| ; no|0|操作許可 = '0.4'|
+    no|0|操作許可 = '-1'| ; no|0|処理分類1操作許可 = '1'| ; yes|0|処理分類1操作許可 = '1'|class '9'
+    no|0|処理分類9操作許可 = '1'|class '9' ; no|0|処理分類0操作許可 = '1'|class NULL
+    yes|3|@all|class '10' ; yes|3|@all|class '-1' ; yes|0|処理分類1操作許可 = '1'|class '1.5' ; no|0||no row
+    yes|0|処理分類3操作許可 = '1'|class '3' ; no|0|@all|class '3'
+    no|0||class '3'; site 000 ; yes|0||class '3'; site 001 ; no|0|処理分類3操作許可 = '1'|class '3'; site 001
+    yes|0|@all|own 'Kalvane', @id, '0', '1', NULL ; no|1||own 'Kalvane', @id, '0', '1', NULL
+    yes|2|@all|own 'Kalvane', @id, '0', '1', NULL ; no|1||own 'Kalvane', @id, '1', '0', '0'
+    no|0|@all|own 'Other', @id, '0', '0', '0'
+    yes|0||family Kalvaneマイメニュ; own 'Other', @id, '0', '0', '0' ; no|0||family Kalvaneマイメニュ
+    yes|0|在籍区分 = '1', 退社日付 = '20200101'| ; no|0|コード = '00002'| ; no|0||code   ; no|0||code 00002
+    yes|0|@all|class ''; pins 0 ; yes|0|@all|pins 2 ; yes|0|コード = '00002'|pins 0)",
+                         {{"@all", "操作許可 = '1', 入力許可 = '1', 修正許可 = '1', 処理分類1操作許可 = '1'"},
+                          {"@id", "'KalvaneInvoiceEntry'"}});
 
 TEST(操作権限, 判定) {
     const Installation at(setup::Content::empty);
-    for (std::size_t i = 0; i < std::size(cases); ++i) {
-        const Case& c = cases[i];
-        SCOPED_TRACE(std::to_string(i) + " " + c.rights);
+    for (const auto& r : cases) {
+        SCOPED_TRACE(r[0] + " " + r[1] + " " + r[2] + " " + r[3]);
         at.restore();
         Start start(at.root());
         ASSERT_TRUE(start.running());
-        if (!c.rights.empty()) at.main("UPDATE M担当者 SET " + c.rights);
-        if (*c.override_row)
-            at.main(
-                std::string(
-                    "INSERT INTO 担当者別操作許可プログラム (プログラムID, 担当者コード, 業務メニュ, "
-                    "操作許可, 入力許可, "
-                    "修正許可, 削除許可, 印刷許可, プレビュ許可, テキスト出力許可, イメージ出力許可) VALUES "
-                    "('KalvaneInvoiceEntry', '00001', ") +
-                c.override_row + ")");
-        at.config(*c.program_class ? std::string("UPDATE Kalvane SET 処理分類 = ") + c.program_class
-                                   : "DELETE FROM Kalvane");
-        at.config(std::string("UPDATE 動作環境定義 SET 起動担当者コード = '") + c.signed_on + "'");
-        実行環境.暗証番号有無 = c.pins;
-        実行環境.運用事業所コード = *c.site ? c.site : "000";
-        実行環境.事業所件数 = *c.site != 0;
-        EXPECT_EQ(操作権限確認(c.family, "KalvaneInvoiceEntry", c.kind), c.allowed);
+        実行環境.暗証番号有無 = 1;
+        実行環境.事業所件数 = contains(r[3], "site ") ? 1 : 0;
+        at.config("UPDATE 動作環境定義 SET 起動担当者コード = '00001'");
+        if (!r[2].empty()) at.main("UPDATE M担当者 SET " + r[2]);
+        std::string family = "Kalvane";
+        for (const std::string& step : lines_of(Replace(r[3], "; ", "\n"))) {
+            const std::string verb = step.substr(0, step.find(' ')), rest = step.substr(verb.size() + 1);
+            if (verb == "class") at.config("UPDATE Kalvane SET 処理分類 = " + rest);
+            if (verb == "no") at.config("DELETE FROM Kalvane");
+            if (verb == "own")
+                at.main("INSERT INTO 担当者別操作許可プログラム VALUES ('00001', " + rest +
+                        ", '0', '0', '0', '0', '0')");
+            if (verb == "family") family = rest;
+            if (verb == "site") 実行環境.運用事業所コード = rest;
+            if (verb == "code") at.config("UPDATE 動作環境定義 SET 起動担当者コード = '" + rest + "'");
+            if (verb == "pins") 実行環境.暗証番号有無 = to_i16(rest);
+        }
+        EXPECT_EQ(操作権限確認(family, "KalvaneInvoiceEntry", static_cast<Operation>(std::stoi(r[1]))),
+                  r[0] == "yes");
     }
 }
 

@@ -1,5 +1,5 @@
 // One start of the program with all that surrounds it in the test's hands, and a record of the statements
-// that it sends and the boxes that it shows. Yes-no boxes are answered by `yes`.
+// that it sends.
 #pragma once
 #include <functional>
 #include <sstream>
@@ -13,66 +13,44 @@
 
 namespace kalvane::test {
 
-struct StartSettings {
-    std::string command_line = {};
-    std::string program = "/prgbin/KalvaneInvoiceEntry";  // below the root
-    std::string user = "tanaka";
-    bool previous_instance = false;
-    bool ends_at_a_box = false;  // somebody ends the process while a box stands
-    // told the position of a statement (from 0), its connection and its text; true makes it fail
-    std::function<bool(int, std::string_view, std::string_view)> fails = nullptr;
-};
+// Told the position of a statement (from 0) and the statement, "main SELECT …", "config …"; true makes it
+// fail.
+using Fails = std::function<bool(std::size_t, const std::string&)>;
 
 inline constexpr const char* failure_text = "倒れました";
 
-class Start {
-  public:
-    inline static std::vector<std::string> boxes;
-    inline static bool yes = false, ends = false;
-    std::vector<std::string> statements;  // "main SELECT …", "config …"
+struct StatementRecord {
+    std::vector<std::string> statements;
 
-    explicit Start(const std::string& root, StartSettings settings = {}) {
-        reset_run();
-        boxes.clear();
-        yes = false;
-        host = {};
-        ends = settings.ends_at_a_box;
-        host.message_box = [](const std::string& text, Buttons buttons, bool) {
-            boxes.push_back(text);
-            if (ends) 強制終了();
-            return buttons == Buttons::ok || yes;
-        };
-        os::freeze_clock({{2024, 4, 10}, 9, 30, 0});
-        os::set_user_name(settings.user);
-        os::set_computer_name("SEAT01");
-        os::set_previous_instance(settings.previous_instance);
-        os::set_executable_path(root + settings.program);
-        os::set_command_line(settings.command_line);
-        ado::hook.before = [this, fails = settings.fails](const ado::Connection& c, std::string_view text) {
+    explicit StatementRecord(Fails fails) {
+        ado::hook.before = [this, fails = std::move(fails)](const ado::Connection& c, std::string_view text) {
             if (c.name != "main" && c.name != "config") return;
             statements.push_back(c.name + " " + std::string(text));
-            if (fails && fails(static_cast<int>(statements.size()) - 1, c.name, text))
-                throw ado::Error(7, failure_text);
+            if (fails && fails(statements.size() - 1, statements.back())) throw ado::Error(7, failure_text);
         };
-        起動処理();
     }
+};
+
+class Start : public StatementRecord, public Seat {
+  public:
+    explicit Start(const std::string& root, const SeatSettings& settings = {}, Fails fails = nullptr)
+        : StatementRecord(std::move(fails)), Seat(root, settings) {}
     ~Start() {
         end();
-        ado::hook = {};
         os::file_hook = {};
         ado::lock_wait_scale = 1.0;
-        host = {};
-        os::release_clock();
-        reset_run();
     }
-    Start(const Start&) = delete;
-    Start& operator=(const Start&) = delete;
 
     bool running() const { return !process_ended() && frmKalvaneInvoiceEntry.visible; }
     void end() const {
         if (!process_ended()) 強制終了();
     }
 };
+
+inline bool all_closed() {
+    return !(実行環境.主接続.is_open() || 実行環境.設定接続.is_open() || 実行環境.主接続中 ||
+             実行環境.設定接続中);
+}
 
 inline std::vector<std::string> lines_of(const std::string& text) {
     std::vector<std::string> lines;

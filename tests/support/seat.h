@@ -68,7 +68,7 @@ class Installation {
         c.name = name;
         setup::open_database(c, root(), file, ado::Access::owner);
         std::string out;
-        if (sql.starts_with("SELECT"))
+        if (sql.starts_with("SELECT") || sql.starts_with("EXPLAIN"))
             out = rows_of(c, sql);
         else
             c.Execute(sql);
@@ -78,6 +78,14 @@ class Installation {
     TempFolder folder;
 };
 
+struct SeatSettings {
+    std::string command_line = {};
+    std::string program = "/prgbin/KalvaneInvoiceEntry";  // below the root
+    std::string user = "tanaka";
+    bool previous_instance = false;
+    bool ends_at_a_box = false;  // somebody ends the process while a box stands
+};
+
 // One run of the program on an installation, from 起動処理 to the end of the scope.
 class Seat {
   public:
@@ -85,7 +93,9 @@ class Seat {
     inline static std::function<bool(const std::string&)> answer;  // of the yes-no boxes; no without it
     inline static std::function<void(Form&)> modal;                // acts in a modal form
 
-    explicit Seat(const Installation& at, const std::string& command_line = "") {
+    explicit Seat(const Installation& at, const std::string& command_line = "")
+        : Seat(at.root(), {.command_line = command_line}) {}
+    Seat(const std::string& root, const SeatSettings& settings) {
         reset_run();
         boxes.clear();
         answer = nullptr;
@@ -93,19 +103,21 @@ class Seat {
             if (&f == &msg印刷確認) click(msg印刷確認.btn_登録);
         };
         host = {};
+        ends_at_a_box = settings.ends_at_a_box;
         host.message_box = [](const std::string& text, Buttons buttons, bool) {
             boxes.push_back(text);
+            if (ends_at_a_box) 強制終了();
             return buttons == Buttons::ok || (answer && answer(text));
         };
         host.run_modal = [](Form& f) {
             if (modal) modal(f);
         };
         os::freeze_clock({{2024, 4, 10}, 9, 30, 0});
-        os::set_user_name("tanaka");
+        os::set_user_name(settings.user);
         os::set_computer_name("SEAT01");
-        os::set_previous_instance(false);
-        os::set_executable_path(at.root() + "/prgbin/KalvaneInvoiceEntry");
-        os::set_command_line(command_line);
+        os::set_previous_instance(settings.previous_instance);
+        os::set_executable_path(root + settings.program);
+        os::set_command_line(settings.command_line);
         起動処理();
     }
     ~Seat() {
@@ -132,6 +144,9 @@ class Seat {
         enter(screen().商品コード[row], product);
         enter(screen().請求数量[row], quantity);
     }
+
+  private:
+    inline static bool ends_at_a_box = false;
 };
 
 }  // namespace kalvane::test

@@ -5,6 +5,8 @@
 #include <string_view>
 #include <vector>
 
+#include "base/text.h"
+
 namespace kalvane::test {
 
 // The text with each line that ends in a backslash joined to the next, whose leading blanks go.
@@ -15,11 +17,15 @@ inline std::string joined(std::string_view text) {
     return out;
 }
 
-// Rows are parted by line ends or " ; ", cells by "|"; blanks before a row are cut.
-inline std::vector<std::vector<std::string>> table(std::string_view given) {
-    const std::string whole = joined(given);
+using Table = std::vector<std::vector<std::string>>;
+
+// Rows are parted by line ends or " ; ", cells by "|"; blanks before a row are cut. The first cell of each of
+// the shorthands stands for the second, wherever it is.
+inline Table table(std::string_view given, const Table& shorthands = {}) {
+    std::string whole = joined(given);
+    for (const auto& shorthand : shorthands) whole = Replace(whole, shorthand[0], shorthand[1]);
     std::string_view text = whole;
-    std::vector<std::vector<std::string>> rows;
+    Table rows;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find('\n'), text.find(" ; "));
         std::string_view row = text.substr(0, end);

@@ -30,7 +30,9 @@ using Bytes = std::vector<unsigned char>;
 
 std::string key_path;
 
-[[noreturn]] void refuse(const char* words) { throw FileError(errno, words); }
+[[noreturn]] void refuse(const char* words) {
+    throw FileError(errno, words);
+}
 
 std::optional<Key> read_key() {
     if (key_path.empty() || sodium_init() < 0) return std::nullopt;
@@ -38,13 +40,16 @@ std::optional<Key> read_key() {
     if (file < 0) return std::nullopt;
     Key key{};
     unsigned char beyond = 0;
-    const bool whole = read(file, key.data(), key.size()) == static_cast<ssize_t>(key.size()) && read(file, &beyond, 1) == 0;
+    const bool whole =
+        read(file, key.data(), key.size()) == static_cast<ssize_t>(key.size()) && read(file, &beyond, 1) == 0;
     close(file);
     if (!whole) return std::nullopt;
     return key;
 }
 
-const unsigned char* bytes_of(std::string_view text) { return reinterpret_cast<const unsigned char*>(text.data()); }
+const unsigned char* bytes_of(std::string_view text) {
+    return reinterpret_cast<const unsigned char*>(text.data());
+}
 
 // Standard input without echo. A signal that ends the process takes effect only when the echo is back.
 class SilentTerminal {
@@ -80,18 +85,22 @@ class SilentTerminal {
 
 }  // namespace
 
-void set_key_file(std::string_view path) { key_path = path; }
+void set_key_file(std::string_view path) {
+    key_path = path;
+}
 
 void create_key_file(std::string_view path) {
     if (sodium_init() < 0) refuse("鍵を作成できません。");
-    const int file = open(native_path(path).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR | S_IRGRP);
+    const int file =
+        open(native_path(path).c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, S_IRUSR | S_IWUSR | S_IRGRP);
     if (file < 0) {
         if (errno == EEXIST) return;
         refuse("鍵ファイルを作成できません。");
     }
     Key key{};
     randombytes_buf(key.data(), key.size());
-    const bool written = write(file, key.data(), key.size()) == static_cast<ssize_t>(key.size()) && fsync(file) == 0;
+    const bool written =
+        write(file, key.data(), key.size()) == static_cast<ssize_t>(key.size()) && fsync(file) == 0;
     sodium_memzero(key.data(), key.size());
     if (close(file) == 0 && written) return;
     const int reason = errno;
@@ -106,7 +115,8 @@ std::string 暗号化(std::string_view plain) {
     if (!key) refuse("鍵ファイルを読み込めません。");
     Bytes box(crypto_secretbox_NONCEBYTES + crypto_secretbox_MACBYTES + plain.size());
     randombytes_buf(box.data(), crypto_secretbox_NONCEBYTES);
-    crypto_secretbox_easy(box.data() + crypto_secretbox_NONCEBYTES, bytes_of(plain), plain.size(), box.data(), key->data());
+    crypto_secretbox_easy(box.data() + crypto_secretbox_NONCEBYTES, bytes_of(plain), plain.size(), box.data(),
+                          key->data());
     sodium_memzero(key->data(), key->size());
     std::string text(sodium_base64_ENCODED_LEN(box.size(), base64_form), '\0');
     sodium_bin2base64(text.data(), text.size(), box.data(), box.size(), base64_form);
@@ -118,18 +128,21 @@ std::string 復号(std::string_view stored) {
     if (!stored.starts_with(form_mark) || stored == form_mark) return {};
     stored.remove_prefix(form_mark.size());
     // the decoder would take a byte beyond ASCII for its last digit
-    if (std::any_of(stored.begin(), stored.end(), [](char c) { return static_cast<unsigned char>(c) > 0x7F; })) return {};
+    if (std::any_of(stored.begin(), stored.end(),
+                    [](char c) { return static_cast<unsigned char>(c) > 0x7F; }))
+        return {};
     Bytes box(stored.size());
     std::size_t size = 0;
-    if (sodium_base642bin(box.data(), box.size(), stored.data(), stored.size(), nullptr, &size, nullptr, base64_form) != 0 ||
+    if (sodium_base642bin(box.data(), box.size(), stored.data(), stored.size(), nullptr, &size, nullptr,
+                          base64_form) != 0 ||
         size <= crypto_secretbox_NONCEBYTES + crypto_secretbox_MACBYTES)
         return {};
     std::optional<Key> key = read_key();
     if (!key) return {};
     std::string plain(size - crypto_secretbox_NONCEBYTES - crypto_secretbox_MACBYTES, '\0');
-    const int opened = crypto_secretbox_open_easy(reinterpret_cast<unsigned char*>(plain.data()),
-                                                  box.data() + crypto_secretbox_NONCEBYTES,
-                                                  size - crypto_secretbox_NONCEBYTES, box.data(), key->data());
+    const int opened = crypto_secretbox_open_easy(
+        reinterpret_cast<unsigned char*>(plain.data()), box.data() + crypto_secretbox_NONCEBYTES,
+        size - crypto_secretbox_NONCEBYTES, box.data(), key->data());
     sodium_memzero(key->data(), key->size());
     return opened == 0 ? plain : std::string();
 }

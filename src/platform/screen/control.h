@@ -16,8 +16,10 @@ struct Form;
 struct Control;
 
 enum class ControlKind {
+    // clang-format off
     xField, xNum, xText, xLabel, xPass, xZip, xKana, xTel,
     SSCommand, CommandButton, SSPanel, label, check, option, combo, SSTab, ListView, scroll
+    // clang-format on
 };
 
 // What the operator's keys may put into a control.
@@ -66,15 +68,15 @@ struct Control {
 
     // what an operator's input may be
     InputMode mode = InputMode::plain;
-    int max_length = 0;   // bytes in the double-byte code page, 0 without limit; code and digit fields refuse
-                          // more, text fields take it and cut when they are left
-    int decimals = 0;     // xNum
+    int max_length = 0;  // bytes in the double-byte code page, 0 without limit; code and digit fields refuse
+                         // more, text fields take it and cut when they are left
+    int decimals = 0;    // xNum
     std::optional<通貨> smallest, largest;  // xNum; a key that would leave them is refused
     bool read_only = false;
 
     // state: read freely, written through the set_ routines
     std::string text;     // xField, xText, xPass, xZip, combos show entries[list_index]
-    通貨 value;            // xNum
+    通貨 value;           // xNum
     int number = 0;       // check and option 0/1, scroll position, page of an SSTab
     int list_index = -1;  // combo
     std::vector<std::string> entries;
@@ -103,8 +105,8 @@ inline constexpr int key_ctrl = 17, key_enter = 13, key_escape = 27;
 // --- properties; each raises Change when the value differs
 void set_text(Control& c, std::string_view text);
 void set_value(Control& c, 通貨 value);
-void set_number(Control& c, int number);      // check, option, scroll (as given, also outside its limits), SSTab
-void set_list_index(Control& c, int index);   // -1, or an entry; anything else shows none
+void set_number(Control& c, int number);  // check, option, scroll (as given, also outside its limits), SSTab
+void set_list_index(Control& c, int index);  // -1, or an entry; anything else shows none
 // --- properties without an event
 void set_caption(Control& c, std::string_view text);
 void set_enabled(Control& c, bool on);

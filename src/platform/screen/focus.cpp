@@ -83,10 +83,6 @@ Control* next_stop(Form& form, int from) {
     return stop_from(form, {from, INT_MIN}, true);
 }
 
-Control* previous_stop(Form& form, int from) {
-    return stop_from(form, {from, INT_MAX}, false);
-}
-
 void set_focus(Control& c) {
     if (!can_take_focus(c)) return;
     Form& form = *c.form;

@@ -28,8 +28,8 @@ struct Form {
     void (*Wheel)(Form&, int delta) = nullptr;
 
     // focus bookkeeping
-    bool left = false;         // the active control's leave has run, nothing was typed since
-    unsigned focus_moves = 0;  // counts the moves, to see one made inside a handler
+    bool left = false;           // the active control's leave has run, nothing was typed since
+    unsigned focus_moves = 0;    // counts the moves, to see one made inside a handler
     Control* leaving = nullptr;  // control whose leave is running; what the leave writes into it is no typing
 };
 
@@ -40,9 +40,8 @@ Control* find_control(Form& form, std::string_view name, int row = -1);
 bool on_show(const Control& c);
 bool can_take_focus(const Control& c);
 // Among controls with a tab stop that can take the focus, the one with the lowest tab index not lower than
-// from (or, going back, the highest not higher). nullptr when there is none.
+// from. nullptr when there is none.
 Control* next_stop(Form& form, int from);
-Control* previous_stop(Form& form, int from);
 
 // --- the focus
 // Moves it as code does: leave of the active control, then enter of this one. Nothing when it cannot take
@@ -96,21 +95,23 @@ bool failed_in_dispatch();  // an event has failed since the process began
 // --- operator events; each is one dispatch. Nothing happens on a form that is disabled, or on a control
 // that is disabled or not on show.
 enum class Key {
+    // clang-format off
     Enter, Tab, ShiftTab, Up, Down, Escape, Ctrl, Space, Delete,
     F1, F2, F3, F4, F5, F6, F7, F8, F9, F10, F11, F12
+    // clang-format on
 };
 void press_key(Form& form, Key key);
 void type_text(Form& form, std::string_view text);   // over the content of the active control, key by key
 void paste_into(Form& form, std::string_view text);  // over the content of the active control
 void click(Control& c);
 void double_click(Control& c);
-void drop_down(Form& form);                      // of the active control
-void choose(Control& c, int entry);              // entry of a combo, page of a tab strip, an option
+void drop_down(Form& form);          // of the active control
+void choose(Control& c, int entry);  // entry of a combo, page of a tab strip, an option
 void select_item(Control& list, int item);
-void turn_wheel(Form& form, int notches);        // negative is toward the operator
+void turn_wheel(Form& form, int notches);  // negative is toward the operator
 void scroll_to(Control& bar, int position);
-bool close_form(Form& form);                     // by its frame; false when it was refused
-void press_focus(Control& c);                    // a click of the mouse into a field
+bool close_form(Form& form);   // by its frame; false when it was refused
+void press_focus(Control& c);  // a click of the mouse into a field
 
 // Enters a control into its form, with its kind, name and row.
 Control& add_control(Form& form, Control& c, ControlKind kind, std::string_view name, int row = -1);

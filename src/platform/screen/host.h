@@ -25,8 +25,8 @@ struct ScreenHost {
     void (*pump)(Pump what) = nullptr;
     void (*sleep)(int milliseconds) = nullptr;
     // File dialog: start folder, (text, pattern) pairs, the first as default. No value: cancelled.
-    std::optional<std::string> (*pick_file)(std::string_view start,
-                                            const std::vector<std::pair<std::string, std::string>>& filters) = nullptr;
+    std::optional<std::string> (*pick_file)(
+        std::string_view start, const std::vector<std::pair<std::string, std::string>>& filters) = nullptr;
     // Folder dialog: title, start folder. No value: cancelled.
     std::optional<std::string> (*pick_folder)(std::string_view title, std::string_view start) = nullptr;
 };

@@ -1,0 +1,306 @@
+#include <chrono>
+#include <future>
+#include <thread>
+
+#include "ado_support.h"
+#include "base/failure.h"
+#include "support/table.h"
+
+namespace kalvane {
+namespace {
+
+using namespace test;
+
+constexpr long busy = 5, constraint = 19;  // primary numbers of the engine
+
+// The primary number of the failure, 0 for none.
+long failure_of(ado::Connection& connection, const char* sql) {
+    try {
+        connection.Execute(sql);
+    } catch (const ado::Error& error) {
+        EXPECT_STRNE(error.what(), "");
+        return error.number() & 0xff;
+    }
+    return 0;
+}
+
+TEST(Connection, OpensOnlyAnExistingDatabaseFile) {
+    Database db(numbered(2000));
+    db.program.Close();
+    db.owner.Close();
+    std::string content = db.folder.read("main.accdb");
+    content.replace(100, 3000, 3000, 'x');  // the header stands, the list of tables does not
+    db.folder.write("damaged.accdb", content);
+    db.folder.write("foreign.accdb", std::string(4096, 'x'));
+    db.folder.write("short.accdb", "SQLite format 3");
+    db.folder.write("empty.accdb", "");
+    db.folder.write("folder.accdb/file", "");
+    for (const std::string file : {"missing", "damaged", "foreign", "short", "empty", "folder"}) {
+        ado::Connection connection;
+        EXPECT_THROW(connection.Open(connection_text(db.folder, file + ".accdb")), ado::Error) << file;
+        EXPECT_FALSE(connection.is_open()) << file;
+        EXPECT_THROW(connection.Close(), ado::Error) << file;
+    }
+    EXPECT_FALSE(db.folder.holds("missing.accdb"));
+    EXPECT_EQ(db.folder.read("empty.accdb"), "");
+}
+
+TEST(Connection, TextPicksProviderAndFile) {
+    Database db(numbered(1));
+    ado::Connection second;
+    const std::string source = "Data Source=" + db.folder.program("MAIN.ACCDB");
+    for (const std::string& text :
+         {"Provider=Microsoft.Jet.OLEDB.4.0;User ID=;Password=;" + source,
+          "provider = microsoft.ace.oledb.12.0 ; " + source + ";Initial Catalog=x;;"}) {
+        second.Open(text);
+        EXPECT_EQ(rows_of(second, "SELECT COUNT(*) FROM N"), "1") << text;
+        EXPECT_THROW(second.Open(text), ado::Error) << "a second time";
+        second.Close();
+    }
+    for (const std::string& text :
+         {source, std::string(), std::string("Provider=Microsoft.ACE.OLEDB.12.0;Data Source=;"),
+          std::string("Provider=Microsoft.ACE.OLEDB.12.0;Data Source=:memory:")})
+        EXPECT_THROW(second.Open(text), ado::Error) << text;
+    try {
+        second.Open("Provider=OraOLEDB.Oracle;" + source);
+        FAIL();
+    } catch (const ado::Error& error) {
+        EXPECT_STREQ(error.what(), "no driver for provider OraOLEDB.Oracle");
+    }
+}
+
+TEST(Connection, RefusedStatementsLeaveTheDatabaseAsItWas) {
+    Database db({"CREATE TABLE T (a TEXT)", "INSERT INTO T VALUES ('x')"});
+    const std::string schema = rows_of(db.owner, "SELECT * FROM sqlite_master");
+    const std::uint64_t writes = ado::write_count();
+    for (const auto& row : table(R"(|;|-- DELETE FROM T|SELECT a FROM T; DELETE FROM T|SELECT FROM|BEGIN
+        DELETE FROM T WHERE a = '-'; /*;*/ DELETE FROM T|DELETE FROM T WHERE T.b = ''|ATTACH 'out.db' AS o
+        PRAGMA journal_mode=DELETE|SELECT * FROM pragma_user_version|CREATE TABLE U (a)|VACUUM|ANALYZE
+        SAVEPOINT s|CREATE TEMP TABLE U (a)|CREATE VIEW V AS SELECT 1|CREATE INDEX I ON T (a)|DROP TABLE T
+        ALTER TABLE T ADD b|VACUUM INTO 'out.db'|SELECT load_extension('x')|DELETE FROM sqlite_master
+        UPDATE sqlite_schema SET sql = ''|CREATE TRIGGER R DELETE ON T BEGIN SELECT 1; END)"))
+        for (const std::string& sql : row) {
+            EXPECT_THROW(db.program.Execute(sql), ado::Error) << sql;
+            EXPECT_THROW(rows_of(db.program, sql), ado::Error) << sql;
+            EXPECT_EQ(rows_of(db.owner, "SELECT * FROM sqlite_master"), schema) << sql;
+            EXPECT_EQ(rows_of(db.program, "SELECT * FROM T"), "x") << sql;
+        }
+    EXPECT_EQ(ado::write_count(), writes);
+    EXPECT_FALSE(db.folder.holds("out.db"));
+}
+
+TEST(Connection, RunsOneStatementWithBlanksAndCommentsBehind) {
+    Database db({"CREATE TABLE T (a TEXT PRIMARY KEY)"});
+    db.program.Execute("INSERT INTO [T] ([a]) VALUES ('x') ; \n-- done\n /* so */ ");
+    db.program.Execute("UPDATE T SET  a = 'y' WHERE T.a = 'x' -- ;");
+    EXPECT_EQ(failure_of(db.program, "INSERT INTO T VALUES ('y')"), constraint);
+    EXPECT_EQ(rows_of(db.owner, "SELECT * FROM T"), "y");
+}
+
+TEST(Connection, CountsWritesAndTellsTheHookFirst) {
+    Database db(numbered(3));
+    const std::uint64_t before = ado::write_count();
+    std::string seen;
+    ado::hook.before = [&](const ado::Connection& connection, std::string_view sql) {
+        seen.append(connection.name).append(": ").append(sql).append("\n");
+        if (sql.find("refuse") != std::string_view::npos) throw ado::Error(1, "refused");
+    };
+    db.program.Execute("INSERT INTO N VALUES (7, 'x')");
+    db.program.Execute("SELECT TOP 1 * FROM N");
+    EXPECT_THROW(db.program.Execute("DELETE FROM N WHERE t <> 'refuse'"), ado::Error);
+    EXPECT_THROW(rows_of(db.program, "SELECT 'refuse'"), ado::Error);
+    EXPECT_EQ(rows_of(db.program, "SELECT  TOP 1 t FROM N ORDER BY i DESC"), "x");
+    EXPECT_EQ(ado::write_count(), before + 1);
+    EXPECT_EQ(seen, R"(main: INSERT INTO N VALUES (7, 'x')
+main: SELECT TOP 1 * FROM N
+main: DELETE FROM N WHERE t <> 'refuse'
+main: SELECT 'refuse'
+main: SELECT  TOP 1 t FROM N ORDER BY i DESC
+)");
+}
+
+// Another process's lock: waited for, but not for ever.
+TEST(Connection, WaitsForALock) {
+    Database db(numbered(1));
+    ado::lock_wait_scale = 0.001;
+    ado::Connection hasty;
+    hasty.Open(connection_text(db.folder));
+    ado::lock_wait_scale = 1.0;
+    db.owner.Execute("BEGIN IMMEDIATE");
+    EXPECT_EQ(failure_of(hasty, "INSERT INTO N VALUES (2, '')"), busy);
+    EXPECT_EQ(rows_of(hasty, "SELECT COUNT(*) FROM N"), "1");  // readers are not kept waiting
+
+    std::promise<void> asked;
+    ado::hook.before = [&](const ado::Connection& connection, std::string_view) {
+        if (connection.name == "main") asked.set_value();
+    };
+    std::thread holder([&] {
+        asked.get_future().wait();
+        std::this_thread::sleep_for(std::chrono::milliseconds(50));
+        db.owner.Execute("COMMIT");
+    });
+    EXPECT_EQ(failure_of(db.program, "INSERT INTO N VALUES (2, '')"), 0);
+    holder.join();
+}
+
+TEST(Connection, ForcingLogsTakesEveryOpenConnection) {
+    Database db(numbered(1));
+    ado::Connection second;
+    second.Open(connection_text(db.folder));
+    db.program.Execute("INSERT INTO N VALUES (2, 'a')");
+    second.Execute("INSERT INTO N VALUES (3, 'b')");
+    db.owner.Close();
+    for (int i = 0; i < 2; ++i) ado::force_logs();
+    EXPECT_EQ(rows_of(second, "SELECT COUNT(*) FROM N"), "3");
+}
+
+// --- results
+
+// Reads on until a failure; the number of rows that were moved to.
+int moves_until_failure(ado::Recordset& rs) {
+    int moves = 0;
+    EXPECT_THROW(for (;; ++moves) rs.MoveNext(), ado::Error);
+    return moves;
+}
+
+TEST(Recordset, ReadsValuesByTheLastColumnOfAName) {
+    Database db({"CREATE TABLE T (code TEXT, n NUMERIC, x REAL, 名称 TEXT, blank TEXT)",
+                 "INSERT INTO T VALUES ('007', '1200.5000', 2, '12個', NULL), ('008', '90.0', 0.1, '', '')"});
+    ado::Recordset rs;
+    rs.Open("SELECT T.*, '営業' AS 名称, n AS CODE FROM T ORDER BY T.code", db.program, 0, 1, 1);
+    ASSERT_TRUE(rs.is_open() && !rs.Bof() && !rs.Eof());
+    EXPECT_EQ(rs.Fields("名称").text(), "営業");
+    EXPECT_EQ(rs.Fields("Code").text(), "1200.5");
+    EXPECT_EQ(rs.Fields("N").currency().units(), 12005000);
+    EXPECT_EQ(rs.Fields("X").text(), "2");
+    EXPECT_EQ(rs.at(0).text_view(), "007");
+    EXPECT_EQ(rs.at(0).number(), 7.0);
+    EXPECT_EQ(rs.at(3).currency().units(), 120000);
+    EXPECT_TRUE(rs.Fields("blank").is_null());
+    EXPECT_EQ(rs.Fields("blank").text(), "");
+    EXPECT_EQ(rs.Fields("blank").number(), 0.0);
+    EXPECT_EQ(rs.column_index("none"), -1);
+    EXPECT_THROW(rs.Fields("none"), RunFailure);
+    for (const int column : {-1, 7}) EXPECT_THROW(rs.at(column), RunFailure);
+    rs.MoveNext();
+    EXPECT_FALSE(rs.Fields("blank").is_null());
+    EXPECT_EQ(rs.at(1).text(), "90");
+    rs.MoveNext();
+    EXPECT_TRUE(rs.Eof() && !rs.Bof());
+    EXPECT_THROW(rs.Fields("code"), RunFailure);
+    EXPECT_THROW(rs.MoveNext(), ado::Error);
+    rs.Close();
+    EXPECT_THROW(rs.at(0), RunFailure);
+}
+
+TEST(Recordset, OfNoRowsIsOpenAndOfAFailureIsNot) {
+    Database db(numbered(0));
+    ado::Recordset rs;
+    rs.Close();
+    rs.Open("SELECT * FROM N", db.program);
+    EXPECT_TRUE(rs.is_open() && rs.Bof() && rs.Eof());
+    EXPECT_EQ(rs.columns(), (std::vector<std::string>{"i", "t"}));
+    for (const char* sql : {"SELECT * FROM nowhere", "INSERT INTO N VALUES (1, '')",
+                            "INSERT INTO N VALUES (1, '') RETURNING i", "UPDATE N SET t = ''"}) {
+        EXPECT_THROW(rs.Open(sql, db.program), ado::Error) << sql;
+        EXPECT_FALSE(rs.is_open()) << sql;
+        rs.Close();
+    }
+    EXPECT_EQ(rows_of(db.program, "SELECT COUNT(*) FROM N"), "0");
+    ado::Connection closed;
+    EXPECT_THROW(rs.Open("SELECT 1", closed), ado::Error);
+    EXPECT_THROW(closed.Execute("DELETE FROM N"), ado::Error);
+}
+
+// Around the number of rows that are read ahead, each row once and in order.
+TEST(Recordset, ReadsResultsOfAnyLength) {
+    Database db(numbered(3000));
+    for (const int length : {1, 1023, 1024, 1025, 3000}) {
+        ado::Recordset rs;
+        rs.Open("SELECT i FROM N WHERE i <= " + std::to_string(length) + " ORDER BY i", db.program);
+        int expected = 0;
+        for (; !rs.Eof(); rs.MoveNext()) ASSERT_EQ(rs.at(0).number(), ++expected);
+        EXPECT_EQ(expected, length);
+    }
+}
+
+TEST(Recordset, StandsWhileItsRowsAreDeletedAndOthersWrite) {
+    Database db(numbered(3000));
+    ado::Recordset rs;
+    int read = 0;
+    for (rs.Open("SELECT i FROM N ORDER BY i", db.program); !rs.Eof(); rs.MoveNext(), ++read) {
+        if (read == 10) db.owner.Execute("INSERT INTO N VALUES (9000, 'of another process')");
+        if (read % 500 == 10)
+            db.program.Execute("DELETE FROM N WHERE i > " + rs.at(0).text() + " AND i < 8000");
+    }
+    EXPECT_EQ(read, 3000);
+    EXPECT_EQ(rows_of(db.program, "SELECT COUNT(*), MAX(i) FROM N"), "12|9000");
+}
+
+TEST(Recordset, EndsWithAFailureOnTheWay) {
+    Database db(numbered(1500));
+    for (const bool settled : {false, true}) {
+        ado::Recordset rs;
+        rs.Open("SELECT CASE WHEN i = 1200 THEN abs(-9223372036854775807 - 1) ELSE i END FROM N ORDER BY i",
+                db.program);
+        if (settled) db.program.Execute("UPDATE N SET t = ''");
+        EXPECT_EQ(moves_until_failure(rs), 1198);
+        EXPECT_TRUE(rs.Eof());
+        EXPECT_EQ(moves_until_failure(rs), 0);
+    }
+}
+
+TEST(Recordset, OutlivesItsConnection) {
+    Database db(numbered(3000));
+    ado::Recordset longer, shorter;
+    longer.Open("SELECT i FROM N ORDER BY i", db.program);
+    shorter.Open("SELECT i FROM N WHERE i < 3 ORDER BY i", db.program);
+    db.program.Close();
+    shorter.MoveNext();
+    EXPECT_EQ(shorter.at(0).text(), "2");
+    EXPECT_EQ(moves_until_failure(longer), 1023);
+    longer.Close();
+    db.program.Open(connection_text(db.folder));
+    EXPECT_EQ(rows_of(db.program, "SELECT COUNT(*) FROM N"), "3000");
+}
+
+TEST(Recordset, MovesWithItsPlace) {
+    Database db(numbered(2000));
+    ado::Recordset rs;
+    rs.Open("SELECT i FROM N ORDER BY i", db.program);
+    ado::Recordset other(std::move(rs));
+    EXPECT_TRUE(!rs.is_open() && rs.Eof() && rs.Bof());
+    other.MoveNext();
+    EXPECT_EQ(other.at(0).text(), "2");
+}
+
+// Small questions are kept prepared: none of them may see old rows, old columns or another's place.
+TEST(Recordset, RepeatedReadsSeeTheStateOfNow) {
+    Database db(numbered(1100));
+    const std::string all = "SELECT * FROM N ORDER BY i";
+    {
+        ado::Recordset first, second;
+        first.Open(all, db.program);
+        second.Open(all, db.program);
+        first.MoveNext();
+        EXPECT_EQ(first.at(0).text() + second.at(0).text(), "21");
+    }
+    db.owner.Execute("DELETE FROM N WHERE i > 1");
+    EXPECT_EQ(rows_of(db.program, all), "1|row 1");
+    db.owner.Execute("ALTER TABLE N ADD COLUMN 備考 TEXT DEFAULT 'new'");
+    EXPECT_EQ(rows_of(db.program, all), "1|row 1|new");
+    for (int i = 0; i < 40; ++i)
+        EXPECT_EQ(rows_of(db.program, "SELECT " + std::to_string(i)), std::to_string(i));
+    std::vector<ado::Recordset> open(20);  // more at a time than are kept
+    for (std::size_t i = 0; i < open.size(); ++i)
+        open[i].Open("WITH RECURSIVE c(i) AS (SELECT " + std::to_string(i) +
+                         " UNION ALL SELECT i + 1 FROM c LIMIT 1100) SELECT i FROM c",
+                     db.program);
+    for (std::size_t i = 0; i < open.size(); ++i) EXPECT_EQ(open[i].at(0).text(), std::to_string(i));
+    db.owner.Execute("DROP TABLE N");
+    EXPECT_THROW(rows_of(db.program, all), ado::Error);
+    db.program.Close();  // amid all that is being read
+}
+
+}  // namespace
+}  // namespace kalvane
