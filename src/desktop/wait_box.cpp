@@ -7,6 +7,7 @@ namespace kalvane {
 void お待ち表示() {
     if (msgお待ち.controls.empty()) {
         msgお待ち.name = "msgお待ち";
+        msgお待ち.Load = [](Form& form) { form.on_top = true; };
         add_control(msgお待ち, msgお待ち.lab_msg, ControlKind::label, "lab_msg");
         set_caption(msgお待ち.lab_msg, "しばらくお待ちください。");
     }

@@ -44,7 +44,8 @@ void show_view(Form& form) {
     QWidget* parent = parent_for(form);
     if (!view) view = std::make_unique<FormView>(form, nullptr);
     if (view->isVisible()) return view->sync();
-    view->setParent(parent, parent ? Qt::Dialog : Qt::Window);
+    const Qt::WindowFlags top = form.on_top ? Qt::WindowStaysOnTopHint : Qt::WindowFlags();
+    view->setParent(parent, (parent ? Qt::Dialog : Qt::Window) | top);
     // a window that takes no keys leaves them with the one below: what is typed meanwhile waits there
     const bool takes_keys = form.active || !parent;
     view->setAttribute(Qt::WA_ShowWithoutActivating, !takes_keys);
@@ -57,6 +58,7 @@ void show_view(Form& form) {
     else
         view->show();
     view->sync();
+    if (form.on_top) view->raise();
     if (takes_keys) view->activateWindow();
 }
 

@@ -339,10 +339,17 @@ TEST_F(請求変更, 引数起動) {
 // The opening anew takes the site of the seat, and the waiting caller is told of that one.
 TEST_F(請求変更, 引数起動と即時更新) {
     update_kind("0");
+    at.config(
+        "INSERT INTO プログラム連携情報 VALUES ('20240410 093000', 'KalvaneCaller', 'KalvaneInvoiceEntry', "
+        "'20240410 093000', '00', '0010000000000000000', '', '000', '00001', 'tanaka')");
     Seat seat(at, "0010000000000000000");
     type_two_lines(seat);
     register_document(seat);
     EXPECT_TRUE(process_ended());
+    // the caller hears from the re-opening before the number is known; the end answers nobody
+    EXPECT_EQ(at.config("SELECT 発信プログラムID, 終了連携情報 FROM プログラム連携情報 WHERE 連携区分 = '99' "
+                        "ORDER BY rowid"),
+              "KalvaneCaller|\n|0009999999900000001");
     EXPECT_EQ(at.main("SELECT 事業所コード, 営業請求No FROM T営業請求"), "001|00000001");
     EXPECT_EQ(実行環境.終了連携情報, "0009999999900000001");
 }

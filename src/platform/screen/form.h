@@ -14,6 +14,7 @@ struct Form {
     std::string name;
     std::string caption;
     bool loaded = false, visible = false, enabled = true, modal = false;
+    bool on_top = false;             // stays above the program's other windows
     std::vector<Control*> controls;  // in the order of their making
     Control* active = nullptr;
     Control* tab_strip = nullptr;  // SSTab whose number says which pages' controls are seen
