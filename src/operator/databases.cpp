@@ -44,7 +44,7 @@ std::string main_text() {
 
 void open(ado::Connection& connection, Database database) {
     connection.name = "operator";
-    connection.Open(database == Database::main ? main_text() : config_text());
+    connection.Open(database == Database::main ? main_text() : config_text(), ado::Access::keeper);
 }
 
 std::string literal(std::string_view text) {

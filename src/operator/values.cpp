@@ -36,6 +36,12 @@ struct Property {
     Text (*text)(const Control& c);
 };
 
+// Of a scroll bar, or of a number field that has one.
+Text bound(const Control& c, int bar, const std::optional<通貨>& number) {
+    if (c.kind == Kind::scroll) return std::to_string(bar);
+    return number ? Text(plain_number(*number)) : Text();
+}
+
 // How to add one: a row here, and its name in the operator script's manual.
 constexpr std::array properties{
     Property{"Text",
@@ -60,10 +66,8 @@ constexpr std::array properties{
              [](const Control& c) { return only_for(c.kind == Kind::combo, std::to_string(c.list_index)); }},
     Property{"Tab",
              [](const Control& c) { return only_for(c.kind == Kind::SSTab, std::to_string(c.number)); }},
-    Property{"Min",
-             [](const Control& c) { return only_for(c.kind == Kind::scroll, std::to_string(c.scroll_min)); }},
-    Property{"Max",
-             [](const Control& c) { return only_for(c.kind == Kind::scroll, std::to_string(c.scroll_max)); }},
+    Property{"Min", [](const Control& c) { return bound(c, c.scroll_min, c.smallest); }},
+    Property{"Max", [](const Control& c) { return bound(c, c.scroll_max, c.largest); }},
 };
 
 std::string shown_entry(const Form& form, const Control& c) {

@@ -1,5 +1,6 @@
 #include "setup/install.h"
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -138,6 +139,8 @@ void open_database(ado::Connection& connection, const std::string& root, std::st
 void set_pin(std::string_view root, std::string_view code, bool site, std::string_view pin) {
     constexpr std::size_t shortest = 4;
     if (Len(pin) < shortest) throw SetupError("暗証番号は4文字以上です。");
+    if (std::any_of(pin.begin(), pin.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; }))
+        throw SetupError("暗証番号に使えない文字があります。");  // nobody could type them into the box
     const std::string at = checked_root(root);
     os::set_key_file(key_file(at));
     const char* table = site ? "M事業所" : "M担当者";
@@ -156,7 +159,8 @@ void set_pin(std::string_view root, std::string_view code, bool site, std::strin
 int installed_version(std::string_view root) {
     const std::string at = checked_root(root);
     if (!holds_database(at)) return -1;
-    if (!fs::exists(fs::path(at) / config_file)) return 0;
+    for (const DatabaseFile& row : databases)
+        if (!fs::exists(fs::path(at) / row.file)) return 0;
     try {
         ado::Connection config;
         open_database(config, at, config_file, ado::Access::program);

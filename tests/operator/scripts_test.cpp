@@ -59,6 +59,15 @@ expect-sql main "SELECT * FROM 無い表" x
         << r.out;
 }
 
+// Another station may lay its hands on tables that the program must not touch.
+TEST_F(Databases, TheSchemaMayBeChanged) {
+    EXPECT_EQ(run("exec main \"ALTER TABLE M RENAME COLUMN 名 TO 名称\"\nexec main \"DROP TABLE G消費税\"\n"
+                  "expect-sql main \"SELECT COUNT(*) FROM sqlite_master WHERE name = 'G消費税'\" 0\n"
+                  "expect 得意先消費税算出区分.Max 2\nexpect 得意先消費税算出区分.Min 0")
+                  .status,
+              script_held);
+}
+
 TEST_F(Databases, AFailingStatementIsAWrongScript) {
     EXPECT_EQ(run("exec main \"INSERT INTO 無い表 VALUES (1)\"").status, script_wrong);
     EXPECT_EQ(run("sql config \"SELECT\"").status, script_wrong);

@@ -172,7 +172,7 @@ TEST(PinCommand, StoresOrRefuses) {
     at.main("INSERT INTO M担当者 (コード) VALUES ('00002')");
     for (const auto& r : table(R"(00001|abCd\n|0|ABCD,, ; 00002|ab'c d\r\nsecond\n|0|,AB'C D,
         00002|ﾋﾐﾂ秘密|0|,ﾋﾐﾂ秘密, ; --site 000|Site99\n|0|,,SITE99 ; 00009|ABCD\n|1|,, ; 1|ABCD\n|1|,,
-        0000'1|ABCD\n|1|,, ; --site 00001|ABCD\n|1|,, ; 00001|ab暗\n|1|,, ; 00001||1|,, ; |ABCD\n|2|,,
+        0000'1|ABCD\n|1|,, ; --site 00001|ABCD\n|1|,, ; 00001|ab暗\n|1|,, ; 00001|ab\rcd\n|1|,, ; 00001||1|,, ; |ABCD\n|2|,,
         --site|ABCD\n|2|,, ; 00001 00002|ABCD\n|2|,,)")) {
         SCOPED_TRACE(r[0] + " " + r[1]);
         at.main("UPDATE M担当者 SET 暗証番号 = ''");

@@ -52,9 +52,9 @@ struct Session;  // an engine's open database
 struct Cursor;   // an engine's running statement
 }  // namespace detail
 
-// How a connection is opened. `program` is what the program runs with; `owner` is for the set-up: no
-// authorizer, schema changes allowed, the file is created when missing.
-enum class Access { program, owner };
+// How a connection is opened. `program` is what the program runs with: rows are read and written, nothing
+// else. `keeper` may change the schema, too; `owner` is for the set-up, which also creates a missing file.
+enum class Access { program, keeper, owner };
 
 class Connection {
   public:

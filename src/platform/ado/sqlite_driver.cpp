@@ -336,7 +336,7 @@ std::shared_ptr<Session> open(const ConnectionText& text, Access access, int wai
     }
     sqlite3_busy_timeout(session->db, wait_ms);
     // reads the header, so that a file of another kind fails here; an empty one passes for a new database
-    if (first_value(session->db, "PRAGMA page_count") == "0" && access == Access::program)
+    if (first_value(session->db, "PRAGMA page_count") == "0" && access != Access::owner)
         throw Error(SQLITE_NOTADB, "file is not a database: " + text.data_source);
     first_value(session->db, "PRAGMA journal_mode=WAL");
     first_value(session->db, "PRAGMA synchronous=NORMAL");
