@@ -152,6 +152,26 @@ TEST_F(読込, 文の順序) {
            [&] { click(seat.screen().btn_前No); });
 }
 
+// Only the reads of the header and of the lines are missed on the screen; without its lines the invoice is
+// new, but known.
+TEST_F(読込, 一文ずつの失敗) {
+    lay_documents(2);
+    int unknown = 0, without_lines = 0;
+    const auto open = [&](const Seat& seat) {
+        open_document(seat, "2");
+        const bool known = !請求ヘッダ.旧営業請求No.empty(), lines = 実行環境.最終行 == 1;
+        unknown += !known;
+        without_lines += known && !lines;
+        EXPECT_EQ(実行環境.新規入力中, !lines);
+        EXPECT_EQ(請求明細行[1].商品コード, lines ? "P2" : "");
+        EXPECT_EQ(seat.screen().お知らせ.caption, known ? "" : "新規情報です。");
+    };
+    fail_at_each_position(
+        at, [](const Seat&) {}, open);
+    EXPECT_EQ(unknown, 1);
+    EXPECT_EQ(without_lines, 1);
+}
+
 // The decisions on a typed or picked number of the invoice.
 TEST_F(読込, 番号の判定) {
     lay_documents();
