@@ -20,6 +20,21 @@ struct PressablePanel : QAccessibleWidget {
     }
 };
 
+// The platform's own tells the entry in place of the name.
+struct NamedCombo : QAccessibleWidget {
+    ComboWidget& combo;
+    explicit NamedCombo(ComboWidget& widget)
+        : QAccessibleWidget(&widget, QAccessible::ComboBox), combo(widget) {}
+    QString text(QAccessible::Text which) const override {
+        return which == QAccessible::Value ? combo.currentText() : QAccessibleWidget::text(which);
+    }
+    QStringList actionNames() const override { return {showMenuAction()}; }
+    void doAction(const QString& action) override {
+        const Control& c = combo.m.control();
+        if (action == showMenuAction() && c.enabled && takes_input(*c.form)) combo.showPopup();
+    }
+};
+
 QAccessibleInterface* accessible_of(const QString&, QObject* object) {
     if (auto* row = dynamic_cast<RowWidget*>(object)) return new QAccessibleWidget(row, QAccessible::Row);
     if (auto* box = dynamic_cast<BoxView*>(object))
@@ -28,6 +43,7 @@ QAccessibleInterface* accessible_of(const QString&, QObject* object) {
         return new QAccessibleWidget(view, view->parentWidget() ? QAccessible::Dialog : QAccessible::Window);
     if (auto* panel = dynamic_cast<PanelWidget*>(object); panel && panel->m.control().Click)
         return new PressablePanel(*panel);
+    if (auto* combo = dynamic_cast<ComboWidget*>(object)) return new NamedCombo(*combo);
     return nullptr;  // the platform's own
 }
 

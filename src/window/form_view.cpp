@@ -87,6 +87,8 @@ void scrolled(Mirror& m, int position) {
     Control& c = *m.placed.control;
     if (window_state.syncing) return;
     if (takes_input(*c.form)) act([&] { scroll_to(c, position); });
+    // let go over a box that came meanwhile: the pressed bar would go on by itself
+    if (!(QGuiApplication::mouseButtons() & Qt::LeftButton)) m.widget->setEnabled(false);
     sync_widget(m, false);
 }
 
@@ -376,7 +378,9 @@ void FormView::paintEvent(QPaintEvent*) {
 
 void FormView::closeEvent(QCloseEvent* event) {
     event->ignore();  // the model closes, the view follows
-    if (takes_input(form_)) act([this] { close_form(form_); });
+    if (!takes_input(form_)) return;
+    finish_composition();
+    act([this] { close_form(form_); });
 }
 
 }  // namespace kalvane

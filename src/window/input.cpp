@@ -77,6 +77,10 @@ std::optional<int> item_of(const Control& c, const QKeyEvent& event) {
     }
 }
 
+bool scrolls_itself(const Control& c) {
+    return c.kind == ControlKind::ListView || (c.kind == ControlKind::xText && c.form->active == &c);
+}
+
 void open_drop_down(FormView& view, Control& c) {
     auto* combo = dynamic_cast<QComboBox*>(view.widget_of(c));
     if (combo && !c.DropDown) return combo->showPopup();
@@ -178,6 +182,7 @@ bool FormView::drop(Mirror& m, QDropEvent& event) {
     Control& c = *m.placed.control;
     event.ignore();
     if (!takes_input(form_)) return true;
+    finish_composition();
     act([&] { press_focus(c); });
     if (!takes_input(form_) || form_.active != &c) return true;
     event.acceptProposedAction();
@@ -189,14 +194,14 @@ bool FormView::drop(Mirror& m, QDropEvent& event) {
 bool FormView::wheel(Mirror* m, QWheelEvent& event) {
     event.accept();
     if (!takes_input(form_)) return true;
-    const ControlKind kind = m ? m->control().kind : ControlKind::label;
-    if (kind == ControlKind::ListView || (kind == ControlKind::xText && form_.active == &m->control()))
-        return false;
+    if (m && scrolls_itself(m->control())) return false;
     constexpr int notch = 120;
     wheel_rest_ += event.angleDelta().y();
     const int notches = wheel_rest_ / notch;
     wheel_rest_ -= notches * notch;
-    if (notches != 0) act([&] { turn_wheel(form_, notches); });
+    if (notches == 0) return true;
+    finish_composition();
+    act([&] { turn_wheel(form_, notches); });
     return true;
 }
 
@@ -256,9 +261,16 @@ bool FormView::event(QEvent* event) {
             key(nullptr, pressed);
             return true;
         }
-        case QEvent::Wheel:
-            wheel(nullptr, static_cast<QWheelEvent&>(*event));
-            return true;
+        case QEvent::Wheel: {
+            auto& turned = static_cast<QWheelEvent&>(*event);
+            event->accept();
+            // what a list or a text at its end leaves over is no turn over the lines
+            for (QWidget* at = childAt(turned.position().toPoint()); at && at != this;
+                 at = at->parentWidget())
+                if (const auto found = watched_.find(at); found != watched_.end())
+                    if (scrolls_itself(found->second->control())) return true;
+            return wheel(nullptr, turned);
+        }
         default:
             return QWidget::event(event);
     }

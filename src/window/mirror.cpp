@@ -209,12 +209,16 @@ void show_combo(Mirror& m, bool) {
     if (!m.control().enabled && combo.view()->isVisible()) combo.hidePopup();
 }
 
-void make_tabs(Mirror& m, QWidget* parent, const MirrorActs&) {
+void make_tabs(Mirror& m, QWidget* parent, const MirrorActs& acts) {
     auto* tabs = new TabWidget(m, parent);
     m.widget = tabs;
     tabs->setDrawBase(false);
     tabs->setExpanding(false);
     tabs->setUsesScrollButtons(false);
+    // by assistance; the mouse is the form's
+    auto* to = &m;
+    QObject::connect(tabs, &QTabBar::currentChanged, tabs,
+                     [to, act = acts.chosen](int page) { act(*to, page); });
 }
 
 void show_tabs(Mirror& m, bool) {

@@ -176,7 +176,7 @@ void wheel_real(Form& form, int notches) {
     FormView* view = view_of(form);
     if (!view) return turn_wheel(form, notches);
     constexpr int notch = 120;
-    const QPoint at = view->rect().center();
+    const QPoint at;  // the form itself, not a list or a text that scrolls by itself
     QWheelEvent event(at, view->mapToGlobal(at), {}, {0, notches * notch}, Qt::NoButton, Qt::NoModifier,
                       Qt::NoScrollPhase, false);
     QCoreApplication::sendEvent(view, &event);

@@ -1,9 +1,11 @@
 // The window system: its start with the checks that let the program be used at all, and its end.
 #include <QApplication>
 #include <QFontDatabase>
+#include <QLibraryInfo>
 #include <QProxyStyle>
 #include <QScreen>
 #include <QStyleFactory>
+#include <QTranslator>
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
@@ -74,6 +76,13 @@ void set_look(const QString& family) {
     QApplication::setPalette(palette);
 }
 
+// The platform's own words: menus of the fields, file dialogs.
+void speak_japanese() {
+    auto* words = new QTranslator(window_state.application.get());
+    if (words->load(QStringLiteral("qtbase_ja"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(words);
+}
+
 }  // namespace
 
 bool start_window_system(int& argc, char** argv, WindowSize size) {
@@ -88,6 +97,7 @@ bool start_window_system(int& argc, char** argv, WindowSize size) {
         return false;
     }
     set_look(family);
+    speak_japanese();
     install_accessibility();
     window_state.size = QSize(size.width, size.height);
     if (const QScreen* screen = QGuiApplication::primaryScreen())

@@ -65,7 +65,7 @@ void draw_key(QPainter& p, QRect& r, int key, double scale, const QColor& ink) {
 
 void FieldWidget::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (m.control().select_all) selectAll();
+    if (m.control().select_all && !m.touched) selectAll();
 }
 
 void FieldWidget::paintEvent(QPaintEvent* event) {

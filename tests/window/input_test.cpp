@@ -95,6 +95,37 @@ TEST_F(AtTheWindow, EnterInACompositionOnlyCommitsIt) {
     press(&edit(s.タイトル));
     EXPECT_EQ(s.active, &s.タイトル);
     EXPECT_EQ(s.支払条件.text, "げつまつ");
+    // and so does a turn of the wheel, which brings other lines under the field, and a drop elsewhere
+    press_focus(s.商品名[0]);
+    hands.settle();
+    compose(&edit(s.商品名[0]), "けん", {});
+    hands.turn_wheel(s, -1);
+    EXPECT_EQ(請求明細行[0].商品名, "けん");
+    press_focus(s.タイトル);
+    hands.settle();
+    compose(&edit(s.タイトル), "はる", {});
+    drop(&edit(s.支払条件), "末日");
+    EXPECT_EQ(s.タイトル.text, "はる");
+}
+
+// The cursor that the operator has set stands when the window comes back; a fresh entry selects again.
+TEST_F(AtTheWindow, ComingBackKeepsTheCursor) {
+    fill_head();
+    enter(s.支払条件);
+    QLineEdit& terms = edit(s.支払条件);
+    hands.type_text(s, "末締め");
+    enter(s.タイトル);
+    enter(s.支払条件);
+    ASSERT_EQ(terms.selectedText(), "末締め");
+    key(&terms, Qt::Key_End);
+    for (const QEvent::Type change : {QEvent::FocusOut, QEvent::FocusIn}) {
+        QFocusEvent event(change, Qt::ActiveWindowFocusReason);
+        QCoreApplication::sendEvent(&terms, &event);
+    }
+    EXPECT_EQ(terms.selectedText(), "");
+    enter(s.タイトル);
+    enter(s.支払条件);
+    EXPECT_EQ(terms.selectedText(), "末締め");
 }
 
 TEST_F(AtTheWindow, AProgramThatReadsAloudFindsNamesRolesAndRows) {
@@ -111,6 +142,8 @@ TEST_F(AtTheWindow, AProgramThatReadsAloudFindsNamesRolesAndRows) {
     EXPECT_EQ(name(row), "行 13");
     EXPECT_EQ(name(view().widget_of(s.商品コード[2])), "商品コード 13");
     EXPECT_EQ(found(view().widget_of(s.商品コード[2]))->role(), QAccessible::EditableText);
+    EXPECT_EQ(name(view().widget_of(s.消費税表示区分名称)), "消費税表示");
+    EXPECT_EQ(found(view().widget_of(s.消費税表示区分名称))->text(QAccessible::Value), "表示する");
     EXPECT_EQ(found(row)->indexOfChild(found(view().widget_of(s.商品名[2]))) >= 0, true);
     EXPECT_EQ(name(view().widget_of(s.お知らせ)), "該当情報がありません。");
     EXPECT_EQ(found(&view())->role(), QAccessible::Window);

@@ -22,13 +22,18 @@ std::vector<std::string> script_names() {
 // The screen behind each expectation of a window or a focus, and the rows at the end.
 std::string with_shows(const std::string& file) {
     std::ifstream lines(file);
-    std::string text, line;
+    std::string text = "today 20240410\n", line;  // the same moment in both, for a script that names none
     while (std::getline(lines, line)) {
         text += line + "\n";
         if (line.starts_with("expect focus") || line.starts_with("expect window frm")) text += "show\n";
     }
-    for (const char* table : {"T営業請求", "T営業請求明細", "R営業請求", "未集計情報"})
-        text += std::string("sql main \"SELECT * FROM ") + table + "\"\n";
+    for (const char* table :
+         {"main T営業請求", "main T営業請求明細", "main R営業請求", "main R営業請求明細", "main 未集計情報",
+          "main T閲覧", "main A番号情報", "config プログラム連携情報", "config プログラム稼動履歴"}) {
+        const std::string words = table;
+        const auto space = words.find(' ');
+        text += "sql " + words.substr(0, space) + " \"SELECT * FROM " + words.substr(space + 1) + "\"\n";
+    }
     return text;
 }
 
