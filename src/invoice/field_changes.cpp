@@ -62,7 +62,10 @@ void leave_head_code(Control& c, const ScreenField& f) {
         if (&(screen().*h.field) != &c) continue;
         bool changed = false;
         const auto decide = [&] { changed = h.decide(text); };
-        h.loads ? 読込表示(decide) : decide();
+        if (h.loads)
+            読込表示(decide);
+        else
+            decide();
         if (!changed) return;
         画面再表示();
         案内表示();

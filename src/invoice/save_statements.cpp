@@ -189,9 +189,8 @@ void 未集計情報登録(const std::string& 登録情報区分, const std::str
                     const std::string& 事業所コード, const std::string& 番号基準日付,
                     const std::string& 伝票No, const std::string& 履歴No) {
     const std::string sql =
-        "INSERT INTO [未集計情報] "
-        "([事業所コード],[番号ID],[番号基準日付],[履歴No],[赤黒区分],[伝票No],[追加キー項目],[データフラグ],["
-        "登録情報区分],[予備項目]) VALUES ('" +
+        "INSERT INTO [未集計情報] ([事業所コード],[番号ID],[番号基準日付],[履歴No],[赤黒区分],[伝票No],"
+        "[追加キー項目],[データフラグ],[登録情報区分],[予備項目]) VALUES ('" +
         事業所コード + "','" + 番号ID + "','" + 番号基準日付 + "','" + 履歴No + "','" + 赤黒区分 + "','" +
         伝票No + "','','0','" + 登録情報区分 + "','" + 更新者() + "')";
     const bool done = 実行環境.更新実行区分 == 1 ? 主DB実行(sql, true) : 設定DB実行(sql);
