@@ -1,3 +1,4 @@
+// Statements on the engine itself.
 #include "bare.h"
 
 #include <sqlite3.h>

@@ -1,3 +1,4 @@
+// Runs a program of the build and reads what it prints.
 #include "child.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// The installation that is measured on, and the recording of statements.
 #include "desk.h"
 
 #include <fcntl.h>
@@ -9,17 +10,17 @@
 
 #include "child.h"
 #include "data/query.h"
-#include "invoice/calculation.h"
-#include "invoice/lookups.h"
-#include "invoice/save_dialogue.h"
-#include "invoice/screen_display.h"
-#include "invoice/screen_model.h"
-#include "invoice/scrolling.h"
+#include "document/calculation.h"
+#include "document/lookups.h"
+#include "entry/entry.h"
+#include "events/save_dialogue.h"
 #include "platform/os/clock.h"
 #include "platform/os/paths.h"
 #include "platform/os/process.h"
 #include "platform/screen/host.h"
-#include "startup/entry.h"
+#include "screen/screen_display.h"
+#include "screen/screen_model.h"
+#include "screen/scrolling.h"
 
 namespace kalvane::bench {
 namespace {

@@ -1,3 +1,4 @@
+// Medians, percentiles and verdicts.
 #include "figures.h"
 
 #include <benchmark/benchmark.h>
@@ -7,11 +8,11 @@
 
 #include "base/format.h"
 #include "data/sql_text.h"
-#include "invoice/document_sql.h"
-#include "invoice/screen_model.h"
+#include "document/document_sql.h"
 #include "measures.h"
 #include "platform/os/clock.h"
 #include "rules/consumption_tax.h"
+#include "screen/screen_model.h"
 
 namespace kalvane::bench {
 namespace {

@@ -1,3 +1,4 @@
+// Resident memory of a day's work.
 #include <cstdio>
 #include <fstream>
 #include <stdexcept>

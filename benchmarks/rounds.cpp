@@ -1,3 +1,4 @@
+// Interleaved rounds.
 #include "rounds.h"
 
 #include <cstdio>

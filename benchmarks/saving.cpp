@@ -1,3 +1,4 @@
+// Saves against the bare statements.
 #include <functional>
 #include <stdexcept>
 #include <string>

@@ -1,3 +1,4 @@
+// Opening and stepping among a thousand and a million invoices.
 #include <algorithm>
 #include <chrono>
 #include <cstdint>
@@ -7,10 +8,10 @@
 #include <vector>
 
 #include "data/query.h"
-#include "invoice/screen_model.h"
 #include "measures.h"
 #include "platform/os/clock.h"
 #include "rounds.h"
+#include "screen/screen_model.h"
 #include "setup/generate.h"
 
 namespace kalvane::bench {

@@ -1,3 +1,4 @@
+// The window's start, leaves and memory.
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>

@@ -7,7 +7,7 @@
 #include <stdexcept>
 
 #include "desk.h"
-#include "invoice/screen_model.h"
+#include "screen/screen_model.h"
 #include "window/hands.h"
 #include "window/qt_host.h"
 

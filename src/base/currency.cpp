@@ -1,3 +1,4 @@
+// Checked arithmetic and rounding of 通貨, conversion from and to text.
 #include "base/currency.h"
 
 #include <cmath>

@@ -1,3 +1,4 @@
+// Calendar arithmetic on days since 1970.
 #include "base/date.h"
 
 #include <algorithm>

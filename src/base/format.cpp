@@ -1,3 +1,4 @@
+// Number patterns, digit by digit.
 #include "base/format.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Character positions in UTF-8, and the text routines over them.
 #include "base/text.h"
 
 #include <algorithm>

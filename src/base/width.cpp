@@ -1,3 +1,4 @@
+// The table of full-width forms.
 #include "base/width.h"
 
 #include <array>

@@ -1,21 +1,22 @@
+// From the program's folder to open connections.
 #include "data/configuration.h"
 
 #include <array>
 
 #include "base/failure.h"
 #include "base/text.h"
+#include "data/client_trust.h"
 #include "data/fields.h"
 #include "data/file_helpers.h"
 #include "data/history_row.h"
 #include "data/query.h"
-#include "desktop/client_trust.h"
-#include "desktop/wait_box.h"
+#include "data/wait_box.h"
 #include "platform/os/files.h"
 #include "platform/os/paths.h"
 #include "platform/os/process.h"
 #include "platform/os/secrets.h"
 #include "platform/screen/host.h"
-#include "startup/run_context.h"
+#include "records/run_context.h"
 
 namespace kalvane {
 namespace {

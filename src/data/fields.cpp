@@ -1,3 +1,4 @@
+// Conversions from column values into members.
 #include "data/fields.h"
 
 #include "base/text.h"

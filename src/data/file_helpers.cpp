@@ -1,3 +1,4 @@
+// Existence tests, copies and removals whose failures are booleans.
 #include "data/file_helpers.h"
 
 #include "base/text.h"

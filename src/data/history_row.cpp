@@ -1,9 +1,10 @@
+// The INSERT of one history row.
 #include "data/history_row.h"
 
 #include "base/format.h"
 #include "base/text.h"
 #include "data/sql_text.h"
-#include "startup/run_context.h"
+#include "records/run_context.h"
 
 namespace kalvane {
 

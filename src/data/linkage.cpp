@@ -1,10 +1,11 @@
+// Request, reply and clipboard rows.
 #include "data/linkage.h"
 
 #include "base/failure.h"
 #include "data/configuration.h"
 #include "data/fields.h"
+#include "data/operator_record.h"
 #include "data/query.h"
-#include "startup/operator_record.h"
 
 namespace kalvane {
 namespace {

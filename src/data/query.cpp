@@ -1,8 +1,9 @@
+// The six helpers over one reader and one runner.
 #include "data/query.h"
 
 #include "base/text.h"
 #include "data/history_row.h"
-#include "startup/run_context.h"
+#include "records/run_context.h"
 
 namespace kalvane {
 namespace {

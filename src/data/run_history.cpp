@@ -1,11 +1,12 @@
+// Rows of a run's start and end, and the sweeping of old ones.
 #include "data/run_history.h"
 
 #include <array>
 
 #include "data/history_row.h"
+#include "data/operator_record.h"
 #include "data/query.h"
 #include "platform/os/clock.h"
-#include "startup/operator_record.h"
 
 namespace kalvane {
 namespace {

@@ -1,3 +1,4 @@
+// Quoting and stamps for statement texts.
 #include "data/sql_text.h"
 
 #include "platform/os/clock.h"

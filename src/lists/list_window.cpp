@@ -1,3 +1,4 @@
+// Opening of the list windows.
 #include "lists/list_window.h"
 
 namespace kalvane {

@@ -1,3 +1,4 @@
+// Rows and statements of another station.
 #include "operator/databases.h"
 
 #include "base/text.h"
@@ -5,7 +6,7 @@
 #include "platform/os/clock.h"
 #include "platform/os/files.h"
 #include "platform/os/paths.h"
-#include "startup/run_context.h"
+#include "records/run_context.h"
 
 namespace kalvane::script {
 namespace {

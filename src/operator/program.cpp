@@ -1,6 +1,7 @@
+// The program of the entry screen, as a script starts and ends it.
+#include "entry/entry.h"
 #include "operator/operator.h"
-#include "startup/entry.h"
-#include "startup/run_context.h"
+#include "records/run_context.h"
 
 namespace kalvane {
 

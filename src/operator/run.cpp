@@ -1,3 +1,4 @@
+// Carries a script out, line by line.
 #include "operator/run.h"
 
 #include <algorithm>

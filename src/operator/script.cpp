@@ -1,3 +1,4 @@
+// Cuts script lines into words.
 #include "operator/script.h"
 
 #include <filesystem>

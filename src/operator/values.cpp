@@ -1,3 +1,4 @@
+// Finds controls by name, prints properties and windows.
 #include "operator/values.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Closings and fiscal years from 決算月 and 決算日.
 #include "rules/closing_dates.h"
 
 #include <algorithm>
@@ -5,7 +6,7 @@
 #include "base/currency.h"
 #include "base/date.h"
 #include "base/format.h"
-#include "startup/run_context.h"
+#include "records/run_context.h"
 
 namespace kalvane {
 

@@ -1,10 +1,11 @@
+// Rates by date, and the tax of an amount.
 #include "rules/consumption_tax.h"
 
 #include <cmath>
 #include <string>
 
 #include "data/query.h"
-#include "startup/run_context.h"
+#include "records/run_context.h"
 
 namespace kalvane {
 

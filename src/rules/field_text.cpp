@@ -1,3 +1,4 @@
+// Masks, byte lengths, number patterns, full-width text.
 #include "rules/field_text.h"
 
 #include <algorithm>

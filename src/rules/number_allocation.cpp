@@ -12,8 +12,8 @@
 #include "platform/os/process.h"
 #include "platform/screen/form.h"
 #include "platform/screen/host.h"
+#include "records/run_context.h"
 #include "rules/closing_dates.h"
-#include "startup/run_context.h"
 
 namespace kalvane {
 

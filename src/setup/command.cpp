@@ -1,3 +1,4 @@
+// Verbs and options of KalvaneSetup.
 #include "setup/command.h"
 
 #include <charconv>

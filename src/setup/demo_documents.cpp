@@ -6,22 +6,22 @@
 #include <string>
 
 #include "base/format.h"
-#include "invoice/calculation.h"
-#include "invoice/clearing.h"
-#include "invoice/columns.h"
-#include "invoice/document_sql.h"
-#include "invoice/loading.h"
-#include "invoice/lookups.h"
-#include "invoice/save_statements.h"
+#include "document/calculation.h"
+#include "document/clearing.h"
+#include "document/document_sql.h"
+#include "document/loading.h"
+#include "document/lookups.h"
+#include "document/save_statements.h"
 #include "platform/os/clock.h"
 #include "platform/os/process.h"
+#include "records/columns.h"
 #include "rules/closing_dates.h"
+#include "session/settings.h"
 #include "setup/content.h"
 #include "setup/install.h"
 #include "setup/random.h"
 #include "setup/schema.h"
 #include "setup/seed.h"
-#include "startup/settings.h"
 
 namespace kalvane::setup {
 namespace {

@@ -1,3 +1,4 @@
+// Random invoices in volume, written in large statements.
 #include "setup/generate.h"
 
 #include <vector>
@@ -5,9 +6,9 @@
 #include "base/date.h"
 #include "base/format.h"
 #include "base/text.h"
-#include "invoice/columns.h"
 #include "platform/ado/ado.h"
 #include "platform/os/clock.h"
+#include "records/columns.h"
 #include "setup/install.h"
 #include "setup/random.h"
 #include "setup/schema.h"

@@ -1,3 +1,4 @@
+// Makes the folders, the files and their content.
 #include "setup/install.h"
 
 #include <algorithm>
@@ -11,10 +12,10 @@
 #include "platform/os/clock.h"
 #include "platform/os/paths.h"
 #include "platform/os/secrets.h"
+#include "records/run_context.h"
 #include "setup/content.h"
 #include "setup/schema.h"
 #include "setup/seed.h"
-#include "startup/run_context.h"
 
 namespace kalvane::setup {
 namespace fs = std::filesystem;

@@ -1,10 +1,11 @@
+// The tables of the databases, row by row.
 #include "setup/schema.h"
 
 #include <array>
 #include <stdexcept>
 
 #include "base/text.h"
-#include "invoice/columns.h"
+#include "records/columns.h"
 
 namespace kalvane::setup {
 namespace {

@@ -2,7 +2,7 @@
 // and their indexes, as rows of tables, and the statements that lay them down.
 //
 // How to add a column: put its name into the row of its table in schema.cpp (a column of an invoice table
-// into invoice/columns.h, from which the document tables are derived), raise schema_version, and
+// into records/columns.h, from which the document tables are derived), raise schema_version, and
 // name it among the columns that others use in the tests, unless a statement of the program does.
 #pragma once
 #include <string>

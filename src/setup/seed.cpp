@@ -1,3 +1,4 @@
+// Cuts seed text into INSERT statements.
 #include "setup/seed.h"
 
 #include <algorithm>

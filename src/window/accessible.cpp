@@ -1,3 +1,4 @@
+// Accessible interfaces of rows, windows and panels.
 #include "window/accessible.h"
 
 #include <QAccessibleWidget>

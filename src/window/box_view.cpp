@@ -1,3 +1,4 @@
+// The box's window and its keys.
 #include "window/box_view.h"
 
 #include <QCloseEvent>

@@ -1,3 +1,4 @@
+// Builds and follows the mirrors of one form.
 #include "window/form_view.h"
 
 #include <QApplication>

@@ -1,3 +1,4 @@
+// Finds, scales and invents rectangles.
 #include "window/layout.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// The model and the view behind a list.
 #include "window/list_view.h"
 
 #include <QHeaderView>

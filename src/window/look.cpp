@@ -1,3 +1,4 @@
+// Style, colours and frames.
 #include "window/look.h"
 
 #include <algorithm>

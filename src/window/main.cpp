@@ -5,12 +5,12 @@
 #include <cstdlib>
 #include <iostream>
 
-#include "invoice/screen_model.h"
+#include "entry/entry.h"
 #include "platform/os/paths.h"
 #include "platform/os/process.h"
 #include "platform/os/termination.h"
-#include "startup/entry.h"
-#include "startup/run_context.h"
+#include "records/run_context.h"
+#include "screen/screen_model.h"
 #include "window/hands.h"
 #include "window/qt_host.h"
 #include "window/windows.h"

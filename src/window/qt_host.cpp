@@ -1,3 +1,4 @@
+// Boxes, modal loops, waits and file dialogs over Qt.
 #include "window/qt_host.h"
 
 #include <QApplication>

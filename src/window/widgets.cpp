@@ -1,3 +1,4 @@
+// Faces of fields, buttons, combos and the bar.
 #include "window/widgets.h"
 
 #include <QScrollBar>

@@ -1,3 +1,4 @@
+// Keeps the windows, and runs their loops.
 #include "window/windows.h"
 
 #include <QApplication>

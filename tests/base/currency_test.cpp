@@ -1,3 +1,4 @@
+// Ranges, rounding and conversions of 通貨.
 #include "base/currency.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Calendar arithmetic and date texts.
 #include "base/date.h"
 
 #include <gtest/gtest.h>

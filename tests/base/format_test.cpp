@@ -1,3 +1,4 @@
+// Number patterns.
 #include "base/format.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Text by characters, ill-formed bytes among it.
 #include "base/text.h"
 
 #include <gtest/gtest.h>

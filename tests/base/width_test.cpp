@@ -1,3 +1,4 @@
+// Full-width forms.
 #include "base/width.h"
 
 #include <gtest/gtest.h>

@@ -3,8 +3,8 @@
 
 #include "base/text.h"
 #include "data/query.h"
-#include "desktop/wait_box.h"
-#include "startup/start_run.h"
+#include "data/wait_box.h"
+#include "support/start_run.h"
 
 namespace kalvane {
 namespace {

@@ -4,7 +4,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "startup/start_run.h"
+#include "support/start_run.h"
 
 namespace kalvane {
 namespace {

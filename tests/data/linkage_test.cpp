@@ -2,7 +2,7 @@
 #include "data/linkage.h"
 
 #include "base/text.h"
-#include "startup/start_run.h"
+#include "support/start_run.h"
 
 namespace kalvane {
 namespace {

@@ -6,7 +6,7 @@
 
 #include "base/text.h"
 #include "data/history_row.h"
-#include "startup/start_run.h"
+#include "support/start_run.h"
 
 namespace kalvane {
 namespace {

@@ -2,7 +2,7 @@
 #include "data/run_history.h"
 
 #include "data/history_row.h"
-#include "startup/start_run.h"
+#include "support/start_run.h"
 
 namespace kalvane {
 namespace {

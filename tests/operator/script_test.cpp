@@ -1,3 +1,4 @@
+// The words of script lines.
 #include "operator/script.h"
 
 #include "support/temp_folder.h"

@@ -1,3 +1,4 @@
+// Adapted statements, held by the rows they give.
 #include "platform/ado/adapt.h"
 
 #include "ado_support.h"

@@ -1,3 +1,4 @@
+// Connections and recordsets on real files.
 #include <chrono>
 #include <future>
 #include <thread>

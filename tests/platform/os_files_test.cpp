@@ -1,3 +1,4 @@
+// Files, folders and paths.
 #include <sys/stat.h>
 #include <unistd.h>
 

@@ -1,3 +1,4 @@
+// Identity, instance lock, launching, secrets, signals.
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>

@@ -1,3 +1,4 @@
+// What keys and pastes do to a control.
 #include <gtest/gtest.h>
 
 #include "base/format.h"

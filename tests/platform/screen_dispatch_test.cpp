@@ -1,3 +1,4 @@
+// Events, their failures, and the end of the process.
 #include "ado_support.h"
 #include "base/failure.h"
 #include "platform/os/files.h"

@@ -1,3 +1,4 @@
+// Leaves, enters and the tab order.
 #include <gtest/gtest.h>
 
 #include <map>

@@ -1,10 +1,11 @@
+// Closings, fiscal years and repaired dates, worked by hand.
 #include "rules/closing_dates.h"
 
 #include <gtest/gtest.h>
 
 #include "base/failure.h"
 #include "base/format.h"
-#include "startup/run_context.h"
+#include "records/run_context.h"
 #include "support/table.h"
 
 namespace kalvane {

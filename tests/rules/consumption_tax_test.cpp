@@ -1,3 +1,4 @@
+// Tax figures, worked by hand.
 #include "rules/consumption_tax.h"
 
 #include <sstream>

@@ -1,3 +1,4 @@
+// Masks, byte lengths and patterns.
 #include "rules/field_text.h"
 
 #include <gtest/gtest.h>

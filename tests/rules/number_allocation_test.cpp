@@ -1,3 +1,4 @@
+// Counters, base dates and the statements that move them.
 #include "rules/number_allocation.h"
 
 #include <map>

@@ -1,3 +1,4 @@
+// What create, check and pin leave on the disk.
 #include <iostream>
 #include <map>
 

@@ -1,3 +1,4 @@
+// The demonstration company holds together.
 #include <regex>
 
 #include "installation.h"

@@ -1,3 +1,4 @@
+// Generated volumes add up.
 #include "setup/generate.h"
 
 #include "installation.h"

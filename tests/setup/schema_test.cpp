@@ -1,7 +1,8 @@
+// The schema against the column tables.
 #include <algorithm>
 
 #include "installation.h"
-#include "invoice/columns.h"
+#include "records/columns.h"
 #include "support/table.h"
 
 namespace kalvane {

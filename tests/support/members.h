@@ -8,9 +8,9 @@
 
 #include "base/format.h"
 #include "base/text.h"
-#include "invoice/columns.h"
+#include "records/columns.h"
+#include "records/run_context.h"
 #include "setup/schema.h"
-#include "startup/run_context.h"
 
 namespace kalvane::test {
 

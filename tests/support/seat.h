@@ -6,14 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "invoice/save_dialogue.h"
-#include "invoice/screen_model.h"
+#include "entry/entry.h"
+#include "events/save_dialogue.h"
 #include "platform/os/clock.h"
 #include "platform/os/paths.h"
 #include "platform/os/process.h"
 #include "platform/screen/host.h"
+#include "screen/screen_model.h"
 #include "setup/install.h"
-#include "startup/entry.h"
 #include "support/temp_folder.h"
 
 namespace kalvane::test {

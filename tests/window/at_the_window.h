@@ -9,7 +9,7 @@
 #include <QMouseEvent>
 #include <QPointer>
 
-#include "invoice/screen_model.h"
+#include "screen/screen_model.h"
 #include "window/qt_host.h"
 #include "window/seat.h"
 

@@ -8,8 +8,8 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
-#include "desktop/wait_box.h"
-#include "invoice/save_dialogue.h"
+#include "data/wait_box.h"
+#include "events/save_dialogue.h"
 #include "window/at_the_window.h"
 #include "window/box_view.h"
 #include "window/look.h"

@@ -6,8 +6,8 @@
 #include <array>
 #include <map>
 
-#include "invoice/screen_model.h"
-#include "startup/entry.h"
+#include "entry/entry.h"
+#include "screen/screen_model.h"
 
 namespace kalvane {
 namespace {

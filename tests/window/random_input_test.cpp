@@ -10,7 +10,7 @@
 #include <random>
 
 #include "base/failure.h"
-#include "invoice/save_dialogue.h"
+#include "events/save_dialogue.h"
 #include "window/at_the_window.h"
 #include "window/box_view.h"
 

@@ -1,3 +1,4 @@
+// The rules of adaptation, each a row.
 #include "platform/ado/adapt.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Connections and recordsets over the drivers.
 #include "platform/ado/ado.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Cuts connection texts into keys and values.
 #include "platform/ado/connection_text.h"
 
 #include <array>

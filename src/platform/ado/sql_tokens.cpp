@@ -1,3 +1,4 @@
+// Cuts SQL into words and signs.
 #include "platform/ado/sql_tokens.h"
 
 #include <algorithm>

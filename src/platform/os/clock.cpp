@@ -1,3 +1,4 @@
+// The machine's clock, or the frozen one.
 #include "platform/os/clock.h"
 
 #include <ctime>

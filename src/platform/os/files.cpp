@@ -1,3 +1,4 @@
+// Files and folders over the file system library and POSIX.
 #include "platform/os/files.h"
 
 #include <dirent.h>

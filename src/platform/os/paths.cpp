@@ -1,3 +1,4 @@
+// Program paths into native ones and back.
 #include "platform/os/paths.h"
 
 #include <dirent.h>

@@ -1,3 +1,4 @@
+// Identity, instance lock and launching over POSIX.
 #include "platform/os/process.h"
 
 #include <pwd.h>

@@ -1,3 +1,4 @@
+// Encryption of stored secrets over libsodium.
 #include "platform/os/secrets.h"
 
 #include <fcntl.h>

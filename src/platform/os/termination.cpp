@@ -1,3 +1,4 @@
+// Signals into a readable handle.
 #include "platform/os/termination.h"
 
 #include <fcntl.h>

@@ -1,3 +1,4 @@
+// Property writers and the texts of controls.
 #include "platform/screen/control.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// One operator event: copies, failure box, forced logs.
 #include <cstdint>
 #include <exception>
 #include <new>

@@ -1,3 +1,4 @@
+// The one routine that moves the focus, and the tab order.
 #include <climits>
 #include <utility>
 

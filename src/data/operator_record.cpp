@@ -1,0 +1,50 @@
+// Reads the operator of the seat and his rights.
+#include "data/operator_record.h"
+
+#include "base/text.h"
+#include "data/fields.h"
+#include "data/query.h"
+
+namespace kalvane {
+namespace {
+
+constexpr std::array<Field<RunContext>, 8> operator_fields{{
+    {.column = "コード", .text = &RunContext::起動担当者コード},
+    {.column = "氏名", .text = &RunContext::起動担当者名},
+    {.column = "事業所コード", .text = &RunContext::担当者事業所コード},
+    {.column = "部門コード", .text = &RunContext::担当者部門コード},
+    {.column = "セクションコード", .text = &RunContext::担当者セクションコード},
+    {.column = "役職コード", .text = &RunContext::担当者役職コード},
+    {.column = "社員区分", .digit = &RunContext::担当者社員区分},
+    {.column = "アクセス権限", .digit = &RunContext::アクセス権限},
+}};
+
+}  // namespace
+
+std::string class_right_column(int k) {
+    return "処理分類" + std::to_string(k) + "操作許可";
+}
+
+bool 起動担当者読込() {
+    実行環境.起動担当者コード.clear();
+    ado::Recordset rs;
+    if (設定DB参照(rs, "SELECT * FROM 動作環境定義 WHERE 動作環境定義ID = '001'"))
+        take(rs.Fields("起動担当者コード"), 実行環境.起動担当者コード);
+    rs.Close();
+    return !blank(実行環境.起動担当者コード);
+}
+
+bool 担当者情報読込(const std::string& code) {
+    ado::Recordset rs;
+    const bool found = 主DB読込(rs, "SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = '" + code + "'");
+    if (found) {
+        take_all(rs, operator_fields, 実行環境);
+        for (int k = 0; k < 10; ++k)
+            take(rs.Fields(class_right_column(k)), 実行環境.処理分類操作許可[static_cast<std::size_t>(k)]);
+        for (const OperationRight& r : rights) take(rs.Fields(r.column), 実行環境.*r.member);
+    }
+    rs.Close();
+    return found;
+}
+
+}  // namespace kalvane

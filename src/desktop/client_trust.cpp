@@ -1,9 +1,0 @@
-#include "desktop/client_trust.h"
-
-namespace kalvane {
-
-bool Access信頼設定() {
-    return false;
-}
-
-}  // namespace kalvane

@@ -1,7 +1,0 @@
-#include "invoice/launching.h"
-
-namespace kalvane {
-
-void 請求書印刷() {}
-
-}  // namespace kalvane
