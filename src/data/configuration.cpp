@@ -21,37 +21,37 @@
 namespace kalvane {
 namespace {
 
-constexpr std::array<Field<RunContext>, 8> definition_fields{{
-    {.column = "ドライバ名", .text = &RunContext::ドライバ名, .trim = true},
-    {.column = "データベース名", .text = &RunContext::データベース名, .trim = true},
-    {.column = "サーバー名", .text = &RunContext::サーバー名, .trim = true},
-    {.column = "接続文字列", .text = &RunContext::接続文字列, .trim = true},
-    {.column = "ユーザーID", .text = &RunContext::ユーザーID, .trim = true},
-    {.column = "パスワード", .text = &RunContext::パスワード, .trim = true},
-    {.column = "プロバイダ名", .text = &RunContext::プロバイダ名, .trim = true},
-    {.column = "データソース名", .text = &RunContext::データソース名, .trim = true},
-}};
+constexpr auto definition_fields = std::to_array<Field<RunContext>>({
+    {"ドライバ名", &RunContext::ドライバ名},
+    {"データベース名", &RunContext::データベース名},
+    {"サーバー名", &RunContext::サーバー名},
+    {"接続文字列", &RunContext::接続文字列},
+    {"ユーザーID", &RunContext::ユーザーID},
+    {"パスワード", &RunContext::パスワード},
+    {"プロバイダ名", &RunContext::プロバイダ名},
+    {"データソース名", &RunContext::データソース名},
+});
 
-constexpr std::array<Field<RunContext>, 2> environment_fields{{
-    {.column = "インストール区分", .digit = &RunContext::インストール区分},
-    {.column = "CL更新実行区分", .digit = &RunContext::CL更新実行区分},
-}};
+constexpr auto environment_fields = std::to_array<Field<RunContext>>({
+    {"インストール区分", &RunContext::インストール区分},
+    {"CL更新実行区分", &RunContext::CL更新実行区分},
+});
 
-constexpr std::array<Field<RunContext>, 13> backup_fields{{
-    {.column = "バックアップ日付", .text = &RunContext::バックアップ日付, .first = 8},
-    {.column = "運用条件切替日付", .text = &RunContext::運用条件切替日付, .first = 8},
-    {.column = "バックアップ方法", .digit = &RunContext::バックアップ方法},
-    {.column = "バックアップ日指定", .digit = &RunContext::バックアップ日指定},
-    {.column = "月曜バックアップ", .digit = &RunContext::月曜バックアップ},
-    {.column = "火曜バックアップ", .digit = &RunContext::火曜バックアップ},
-    {.column = "水曜バックアップ", .digit = &RunContext::水曜バックアップ},
-    {.column = "木曜バックアップ", .digit = &RunContext::木曜バックアップ},
-    {.column = "金曜バックアップ", .digit = &RunContext::金曜バックアップ},
-    {.column = "土曜バックアップ", .digit = &RunContext::土曜バックアップ},
-    {.column = "日曜バックアップ", .digit = &RunContext::日曜バックアップ},
-    {.column = "バックアップ開始時刻", .text = &RunContext::バックアップ開始時刻},
-    {.column = "バックアップフォルダ", .text = &RunContext::バックアップフォルダ},
-}};
+constexpr auto backup_fields = std::to_array<Field<RunContext>>({
+    {"バックアップ日付", &RunContext::バックアップ日付},
+    {"運用条件切替日付", &RunContext::運用条件切替日付},
+    {"バックアップ方法", &RunContext::バックアップ方法},
+    {"バックアップ日指定", &RunContext::バックアップ日指定},
+    {"月曜バックアップ", &RunContext::月曜バックアップ},
+    {"火曜バックアップ", &RunContext::火曜バックアップ},
+    {"水曜バックアップ", &RunContext::水曜バックアップ},
+    {"木曜バックアップ", &RunContext::木曜バックアップ},
+    {"金曜バックアップ", &RunContext::金曜バックアップ},
+    {"土曜バックアップ", &RunContext::土曜バックアップ},
+    {"日曜バックアップ", &RunContext::日曜バックアップ},
+    {"バックアップ開始時刻", &RunContext::バックアップ開始時刻},
+    {"バックアップフォルダ", &RunContext::バックアップフォルダ},
+});
 
 std::string lower_ascii(std::string s) {
     for (char& c : s)
@@ -132,7 +132,11 @@ void read_definition() {
     if (設定DB読込(rs, "SELECT * FROM データベース定義 WHERE 情報種類 = 'GNR'")) {
         実行環境.db = not_null(rs, "db");
         実行環境.dbmw = not_null(rs, "dbmw");
-        take_all(rs, definition_fields, 実行環境);
+        for (const Field<RunContext>& f : definition_fields) {
+            take(rs, f, 実行環境);
+            std::string& text = 実行環境.*std::get<std::string RunContext::*>(f.member);
+            text = Trim(text);
+        }
     }
     rs.Close();
 }
@@ -144,7 +148,11 @@ void read_environment(bool with_backup) {
         実行環境.運用事業所コード = site.is_null() ? 全社事業所 : site.text();
         実行環境.インストール区分 = 実行環境.CL更新実行区分 = 0;
         take_all(rs, environment_fields, 実行環境);
-        if (with_backup) take_all(rs, backup_fields, 実行環境);
+        if (with_backup) {
+            take_all(rs, backup_fields, 実行環境);
+            for (auto day : {&RunContext::バックアップ日付, &RunContext::運用条件切替日付})
+                実行環境.*day = Left(実行環境.*day, 8);
+        }
     }
     rs.Close();
 }

@@ -1,8 +1,6 @@
 // Conversions from column values into members.
 #include "data/fields.h"
 
-#include "base/text.h"
-
 namespace kalvane {
 
 void take(const ado::Value& v, std::string& member) {
@@ -13,11 +11,6 @@ void take(const ado::Value& v, std::int16_t& member) {
 }
 void take(const ado::Value& v, 通貨& member) {
     if (!v.is_null()) member = v.currency();
-}
-
-std::string shaped(std::string text, bool trim, std::size_t first) {
-    if (trim) text = Trim(text);
-    return first ? Left(text, first) : text;
 }
 
 std::string text_of(const ado::Recordset& rs, std::string_view column) {

@@ -1,44 +1,36 @@
 // Columns into members: a NULL leaves the member as it was.
 #pragma once
-#include <array>
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <variant>
 
 #include "base/currency.h"
 #include "platform/ado/ado.h"
+#include "records/field.h"
 
 namespace kalvane {
-
-// One column of a settings table and the member that takes it; `trim` cuts blanks at both ends, `first`
-// keeps that many characters.
-template <class Record>
-struct Field {
-    std::string_view column;
-    std::string Record::*text = nullptr;
-    std::int16_t Record::*digit = nullptr;
-    通貨 Record::*money = nullptr;
-    bool trim = false;
-    std::size_t first = 0;
-};
 
 void take(const ado::Value& v, std::string& member);
 void take(const ado::Value& v, std::int16_t& member);  // numeric value of the text, to 16 bits
 void take(const ado::Value& v, 通貨& member);
-std::string shaped(std::string text, bool trim, std::size_t first);
 
-template <class Record>
-void take(const ado::Recordset& rs, const Field<Record>& f, Record& record) {
-    const ado::Value& v = rs.Fields(f.column);
-    if (v.is_null()) return;
-    if (f.text) record.*f.text = shaped(v.text(), f.trim, f.first);
-    if (f.digit) take(v, record.*f.digit);
-    if (f.money) take(v, record.*f.money);
+// Into the record's member; a field of another record takes nothing.
+template <class... Records, class Record>
+void take(const ado::Value& v, const Field<Records...>& f, Record& record) {
+    const auto into = [&v, &record](auto member) {
+        if constexpr (requires { record.*member; }) take(v, record.*member);
+    };
+    std::visit(into, f.member);
 }
-
-template <class Record, class Table>
+// The same from the column that the field names.
+template <class... Records, class Record>
+void take(const ado::Recordset& rs, const Field<Records...>& f, Record& record) {
+    take(rs.Fields(f.column), f, record);
+}
+template <class Table, class Record>
 void take_all(const ado::Recordset& rs, const Table& table, Record& record) {
-    for (const Field<Record>& f : table) take(rs, f, record);
+    for (const auto& f : table) take(rs, f, record);
 }
 
 // Text of a column, "" for NULL.

@@ -8,16 +8,16 @@
 namespace kalvane {
 namespace {
 
-constexpr std::array<Field<RunContext>, 8> operator_fields{{
-    {.column = "コード", .text = &RunContext::起動担当者コード},
-    {.column = "氏名", .text = &RunContext::起動担当者名},
-    {.column = "事業所コード", .text = &RunContext::担当者事業所コード},
-    {.column = "部門コード", .text = &RunContext::担当者部門コード},
-    {.column = "セクションコード", .text = &RunContext::担当者セクションコード},
-    {.column = "役職コード", .text = &RunContext::担当者役職コード},
-    {.column = "社員区分", .digit = &RunContext::担当者社員区分},
-    {.column = "アクセス権限", .digit = &RunContext::アクセス権限},
-}};
+constexpr auto operator_fields = std::to_array<Field<RunContext>>({
+    {"コード", &RunContext::起動担当者コード},
+    {"氏名", &RunContext::起動担当者名},
+    {"事業所コード", &RunContext::担当者事業所コード},
+    {"部門コード", &RunContext::担当者部門コード},
+    {"セクションコード", &RunContext::担当者セクションコード},
+    {"役職コード", &RunContext::担当者役職コード},
+    {"社員区分", &RunContext::担当者社員区分},
+    {"アクセス権限", &RunContext::アクセス権限},
+});
 
 }  // namespace
 

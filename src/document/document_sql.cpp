@@ -18,7 +18,7 @@ std::string insert_head(const char* table, const Columns& columns, bool history)
     for (const auto& c : columns) {
         if (history && position == history_position)
             for (std::string_view name : history_columns) (sql += "[").append(name) += "],";
-        (sql += "[").append(c.name) += ++position < columns.size() ? "]," : "]";
+        (sql += "[").append(c.field.column) += ++position < columns.size() ? "]," : "]";
     }
     return sql + ") VALUES (";
 }
@@ -68,24 +68,31 @@ void append_name(std::string& sql, std::string_view text) {
     sql += '\'';
 }
 
-template <class Record>
-void append_value(std::string& sql, const Column<Record>& c, const Record& record, const std::string& now) {
+// The member that the kind of the column promises.
+template <class T, class Record, class... Records>
+const T& held(const Column<Records...>& c, const Record& record) {
+    return record.*std::get<T Record::*>(c.field.member);
+}
+
+template <class Record, class... Others>
+void append_value(std::string& sql, const Column<Record, Others...>& c, const Record& record,
+                  const std::string& now) {
     switch (c.kind) {
         case ColumnKind::key:
-            append_quoted(sql, 実行環境.*c.key);
+            append_quoted(sql, held<std::string>(c, 実行環境));
             break;
         case ColumnKind::head_text:
-            append_quoted(sql, 請求ヘッダ.*c.head);
+            append_quoted(sql, held<std::string>(c, 請求ヘッダ));
             break;
         case ColumnKind::text:
-            append_quoted(sql, record.*c.text);
+            append_quoted(sql, held<std::string>(c, record));
             break;
         case ColumnKind::name:
-            append_name(sql, record.*c.text);
+            append_name(sql, held<std::string>(c, record));
             break;
         case ColumnKind::digit:
         case ColumnKind::number_text:
-            append_digit(sql, record.*c.digit);
+            append_digit(sql, held<std::int16_t>(c, record));
             break;
         case ColumnKind::stamp:
             append_quoted(sql, 更新者());
@@ -94,12 +101,12 @@ void append_value(std::string& sql, const Column<Record>& c, const Record& recor
             append_quoted(sql, now);
             break;
         default:
-            append_format(sql, record.*c.money, number_pattern(c.kind));
+            append_format(sql, held<通貨>(c, record), number_pattern(c.kind));
     }
 }
 
-template <class Record>
-void append_copy(std::string& sql, const Column<Record>& c, const ado::Value& v) {
+template <class... Records>
+void append_copy(std::string& sql, const Column<Records...>& c, const ado::Value& v) {
     if (c.kind == ColumnKind::name)
         append_name(sql, v.text());
     else if (is_quoted(c.kind))
@@ -152,15 +159,15 @@ std::string line_insert(int i, const std::string& now, const HistoryMark* histor
 std::string header_copy(const ado::Recordset& row, const HistoryMark& history) {
     return statement(
         header_head(true), header_columns, &history,
-        [&](std::string& sql, const HeaderColumn& c) { append_copy(sql, c, row.Fields(c.name)); });
+        [&](std::string& sql, const HeaderColumn& c) { append_copy(sql, c, row.Fields(c.field.column)); });
 }
 
 std::string line_copy(const ado::Recordset& row, const HistoryMark& history, const std::string& now) {
     return statement(line_head(true), line_columns, &history, [&](std::string& sql, const LineColumn& c) {
-        if (c.name == "更新日付")
+        if (c.field.column == "更新日付")
             append_quoted(sql, now);
         else
-            append_copy(sql, c, row.Fields(c.name));
+            append_copy(sql, c, row.Fields(c.field.column));
     });
 }
 

@@ -2,6 +2,7 @@
 #include "document/source_header.h"
 
 #include <algorithm>
+#include <array>
 
 #include "base/format.h"
 #include "base/text.h"
@@ -13,15 +14,12 @@ namespace kalvane {
 namespace {
 
 // These come from the first run of the totals.
-constexpr 通貨 HeaderRecord::*not_read[] = {&HeaderRecord::請求金額合計, &HeaderRecord::請求数量合計,
-                                            &HeaderRecord::仕入金額合計, &HeaderRecord::仕入数量合計};
+constexpr auto not_read = std::to_array({&HeaderRecord::請求金額合計, &HeaderRecord::請求数量合計,
+                                         &HeaderRecord::仕入金額合計, &HeaderRecord::仕入数量合計});
 
-void take_column(const HeaderColumn& c, const ado::Value& v) {
-    if (c.key) take(v, 実行環境.*c.key);
-    if (c.text) take(v, 請求ヘッダ.*c.text);
-    if (c.digit) take(v, 請求ヘッダ.*c.digit);
-    if (c.money && std::find(std::begin(not_read), std::end(not_read), c.money) == std::end(not_read))
-        take(v, 請求ヘッダ.*c.money);
+bool is_read(const HeaderColumn& c) {
+    return c.kind != ColumnKind::stamp &&
+           std::ranges::none_of(not_read, [&c](auto total) { return c.field.is(total); });
 }
 
 void take_text(const ado::Recordset& rs, const char* column, std::string& member) {
@@ -35,21 +33,13 @@ bool is_prospect(const ado::Recordset& rs, const SourceRow& source, const char* 
     return source.prospects && rs.Fields(column).number() != 0;
 }
 
-struct TextColumn {
-    const char* column;
-    std::string HeaderRecord::*member;
-};
-struct DigitColumn {
-    const char* column;
-    std::int16_t HeaderRecord::*member;
-};
-constexpr DigitColumn customer_tax_columns[] = {
+constexpr auto customer_tax_columns = std::to_array<Field<HeaderRecord>>({
     {"得意先消費税区分", &HeaderRecord::得意先消費税区分},
     {"得意先消費税算出区分", &HeaderRecord::得意先消費税算出区分},
     {"得意先消費税丸め方法", &HeaderRecord::得意先消費税丸め方法},
     {"得意先消費税丸め桁位置", &HeaderRecord::得意先消費税丸め桁位置},
     {"得意先消費税端数調整区分", &HeaderRecord::得意先消費税端数調整区分},
-};
+});
 
 void take_customer(const ado::Recordset& rs, const SourceRow& source) {
     HeaderRecord& h = 請求ヘッダ;
@@ -60,25 +50,25 @@ void take_customer(const ado::Recordset& rs, const SourceRow& source) {
     take_text(rs, "得意先名称B", h.得意先名称B);
     if (!prospect) take_text(rs, "得意先御担当者コード", h.得意先御担当者コード);
     take_text(rs, "御担当者名", h.御担当者名);
-    if (source.customer_tax)
-        for (const DigitColumn& d : customer_tax_columns) take(rs.Fields(d.column), h.*d.member);
+    if (source.customer_tax) take_all(rs, customer_tax_columns, h);
     take(rs.Fields("得意先名称入力区分"), h.得意先名称入力区分);
 }
 
 // A code with its name, each group only while the invoice has no such code.
 struct CodeGroup {
-    TextColumn code, name;
+    Field<HeaderRecord> code, name;
 };
-constexpr CodeGroup staff_groups[] = {
+constexpr auto staff_groups = std::to_array<CodeGroup>({
     {{"担当者コード", &HeaderRecord::担当者コード}, {"担当者名", &HeaderRecord::担当者名}},
     {{"部門コード", &HeaderRecord::部門コード}, {"部門名", &HeaderRecord::部門名}},
     {{"セクションコード", &HeaderRecord::セクションコード}, {"セクション名", &HeaderRecord::セクション名}},
-};
+});
+
 void take_staff(const ado::Recordset& rs) {
     for (const CodeGroup& g : staff_groups) {
-        if (!no_code(請求ヘッダ.*g.code.member)) continue;
-        take_text(rs, g.code.column, 請求ヘッダ.*g.code.member);
-        take_text(rs, g.name.column, 請求ヘッダ.*g.name.member);
+        if (!no_code(請求ヘッダ.*std::get<std::string HeaderRecord::*>(g.code.member))) continue;
+        take(rs, g.code, 請求ヘッダ);
+        take(rs, g.name, 請求ヘッダ);
     }
 }
 
@@ -104,8 +94,11 @@ void take_into_empty(const ado::Recordset& rs, const char* column, std::string& 
 void stored_header() {
     ado::Recordset& rs = 実行環境.recordsets.営業請求;
     HeaderRecord& h = 請求ヘッダ;
-    for (const HeaderColumn& c : header_columns)
-        if (c.kind != ColumnKind::stamp) take_column(c, rs.Fields(c.name));
+    for (const HeaderColumn& c : header_columns) {
+        if (!is_read(c)) continue;
+        take(rs, c.field, 実行環境);
+        take(rs, c.field, h);
+    }
     take_text(rs, "事業所コード", h.旧事業所コード);
     take_text(rs, "番号基準日付", h.旧番号基準日付);
     take_text(rs, "営業請求No", h.旧営業請求No);
@@ -115,7 +108,7 @@ void stored_header() {
         h.営業請求日付月 = Mid(h.営業請求日付, 5, 2);
         h.営業請求日付日 = Mid(h.営業請求日付, 7, 2);
     }
-    for (const CodeGroup& g : staff_groups) take_text(rs, g.name.column, h.*g.name.member);
+    for (const CodeGroup& g : staff_groups) take(rs, g.name, h);
     if (const ado::Value& approval = rs.Fields("承認区分"); !approval.is_null())
         h.承認区分 = Format(to_i16(approval.number()), "0");
     rs.Close();

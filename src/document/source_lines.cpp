@@ -13,33 +13,27 @@ namespace {
 // What a source or a pasted line brings: the columns between these two, both included. Identity, shipped and
 // sold figures, memo, approvals and stamps stay those of a fresh line.
 constexpr std::size_t first_brought = 11, last_brought = 45;
-static_assert(line_columns[first_brought].name == "行区分" &&
-              line_columns[last_brought].name == "仕入先名称入力区分");
-
-void take_column(const LineColumn& c, const ado::Value& v, LineRecord& line) {
-    if (c.text) take(v, line.*c.text);
-    if (c.digit) take(v, line.*c.digit);
-    if (c.money) take(v, line.*c.money);
-}
+static_assert(line_columns[first_brought].field.column == "行区分" &&
+              line_columns[last_brought].field.column == "仕入先名称入力区分");
 
 // The name of a line column in a source's table.
-std::string_view name_in(const SourceRow& source, const LineColumn& c) {
-    if (c.name == "請求数量") return source.columns.quantity;
-    if (c.name == "請求単位") return source.columns.unit;
-    if (c.name == "請求単価") return source.columns.price;
-    if (c.name == "請求金額") return source.columns.amount;
-    if (c.name == "請求消費税") return source.columns.line_tax;
-    return c.name;
+std::string_view name_in(const SourceRow& source, std::string_view column) {
+    if (column == "請求数量") return source.columns.quantity;
+    if (column == "請求単位") return source.columns.unit;
+    if (column == "請求単価") return source.columns.price;
+    if (column == "請求金額") return source.columns.amount;
+    if (column == "請求消費税") return source.columns.line_tax;
+    return column;
 }
 
 void take_brought(const ado::Recordset& rs, const SourceRow& source, LineRecord& line) {
     const bool prospect = source.prospects && rs.Fields("仕入先対応先区分").number() != 0;
     for (std::size_t i = first_brought; i <= last_brought; ++i) {
-        const LineColumn& c = line_columns[i];
-        if (prospect && c.text == &LineRecord::仕入先コード)
+        const auto& field = line_columns[i].field;
+        if (prospect && field.is(&LineRecord::仕入先コード))
             take(rs.Fields("仕入先コード"), line.仕入先対応先コード);
         else
-            take_column(c, rs.Fields(name_in(source, c)), line);
+            take(rs.Fields(name_in(source, field.column)), field, line);
     }
 }
 
@@ -77,7 +71,7 @@ void stored_lines() {
             LineRecord& line = 請求明細行[r.最終行 + 1];
             ++r.最終行;
             for (const LineColumn& c : line_columns)
-                if (c.text != &LineRecord::営業請求行No) take_column(c, rs.Fields(c.name), line);
+                if (!c.field.is(&LineRecord::営業請求行No)) take(rs, c.field, line);
             if (const double identity = Val(line.営業請求固有行No); identity > 請求ヘッダ.最終固有行No)
                 請求ヘッダ.最終固有行No = to_i16(identity);
         }

@@ -99,17 +99,19 @@ std::int64_t rate_percent(const Masters& m, std::string_view date) {
     return 0;
 }
 
-void append_money(std::string& out, 通貨 value) {
+void append(std::string& out, 通貨 value) {
     if (value.units() % 10000 == 0)
         out += std::to_string(value.units() / 10000);
     else
         out += plain_number(value);
 }
-
-void append_text(std::string& out, std::string_view text) {
+void append(std::string& out, std::string_view text) {
     out += '\'';
     for (char c : text) out.append(c == '\'' ? 2 : 1, c);
     out += '\'';
+}
+void append(std::string& out, std::int16_t value) {
+    append(out, std::to_string(value));
 }
 
 // One row in the order of the columns: the key from the run context, the rest from head and record.
@@ -120,18 +122,17 @@ void append_values(std::string& out, const Columns& columns, const RunContext& k
     for (const auto& column : columns) {
         out += mark;
         mark = ',';
-        if (column.key)
-            append_text(out, key.*column.key);
-        else if (column.head)
-            append_text(out, head.*column.head);
-        else if (column.text)
-            append_text(out, record.*column.text);
-        else if (column.digit)
-            append_text(out, std::to_string(record.*column.digit));
-        else if (column.money)
-            append_money(out, record.*column.money);
-        else
-            append_text(out, writer);  // the stamp
+        const auto put = [&](auto member) {
+            if constexpr (requires { record.*member; })
+                append(out, record.*member);
+            else if constexpr (requires { head.*member; })
+                append(out, head.*member);
+            else if constexpr (requires { key.*member; })
+                append(out, key.*member);
+            else
+                append(out, writer);  // the stamp
+        };
+        std::visit(put, column.field.member);
     }
     out += ')';
 }
@@ -143,7 +144,7 @@ class Batch {
     Batch(std::string_view table, const Columns& columns)
         : head_("INSERT INTO [" + std::string(table) + "] (") {
         for (const auto& column : columns)
-            head_.append(&column == &columns.front() ? "[" : ",[").append(column.name).append("]");
+            head_.append(&column == &columns.front() ? "[" : ",[").append(column.field.column).append("]");
         head_ += ") VALUES ";
     }
     // The text to which the next row is appended; what has come together is run when it is long enough.

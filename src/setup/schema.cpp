@@ -287,10 +287,6 @@ static_assert(plain_tables_sound(), "a table or a column stands twice, or a list
 
 // ---- columns of the document tables
 
-constexpr bool is_number(ColumnKind kind) {
-    return kind >= ColumnKind::money && kind <= ColumnKind::price_purchase;
-}
-
 // The keys of the invoice's own sources: another document has no such columns.
 bool is_source_key(std::string_view column) {
     for (std::string_view source : {"営業見積", "顧客注文", "営業納品", "参照営業請求"})
@@ -311,11 +307,12 @@ void derive(const DocumentTable& table, const Columns& columns, std::size_t keys
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (table.shape == Shape::history && i == history_position)
             for (std::string_view name : history_columns) out.push_back({std::string(name), ColumnType::key});
-        if (table.shape == Shape::source && is_source_key(columns[i].name)) continue;
+        const std::string_view name = columns[i].field.column;
+        if (table.shape == Shape::source && is_source_key(name)) continue;
         const ColumnType type = i < keys                     ? ColumnType::key
-                                : is_number(columns[i].kind) ? ColumnType::number
-                                                             : ColumnType::text;
-        out.push_back({renamed(columns[i].name, table), type});
+                                : is_quoted(columns[i].kind) ? ColumnType::text
+                                                             : ColumnType::number;
+        out.push_back({renamed(name, table), type});
     }
 }
 
@@ -388,7 +385,8 @@ std::vector<RenamedColumn> renamed_columns(std::string_view table) {
     std::vector<RenamedColumn> out;
     const auto add = [&out](const DocumentTable& row, const auto& columns) {
         for (const auto& c : columns)
-            if (!is_source_key(c.name)) out.push_back({renamed(c.name, row), std::string(c.name)});
+            if (const std::string_view name = c.field.column; !is_source_key(name))
+                out.push_back({renamed(name, row), std::string(name)});
     };
     for (const DocumentTable& row : document_tables) {
         if (row.name != table || row.shape != Shape::source) continue;

@@ -29,17 +29,18 @@ TEST_F(読込, 請求の全項目) {
     const auto names = [](const auto& columns, const std::string& but, auto each) {
         std::string all;
         for (const auto& c : columns)
-            if (!contains(but, " " + std::string(c.name) + " "))
+            if (!contains(but, " " + std::string(c.field.column) + " "))
                 all.append(all.empty() ? "" : ", ").append(each(c));
         return all;
     };
     // a value for each column but those that follow from others
     const auto assigned = [n = 0](const auto& c) mutable {
-        const std::string name(c.name);
+        const std::string name(c.field.column);
         ++n;
-        if (c.key || c.kind == ColumnKind::stamp) return name + " = " + name;
+        if (c.kind == ColumnKind::key || c.kind == ColumnKind::stamp) return name + " = " + name;
         if (name == "行区分" || name == "計区分") return name + " = '1'";
-        const bool number = c.digit || c.money || name == "承認区分";
+        const bool number = c.kind == ColumnKind::digit || c.kind == ColumnKind::number_text ||
+                            !is_quoted(c.kind) || name == "承認区分";
         return name + " = '" + (number ? "" : "値") + std::to_string(n) + "'";
     };
     lay_documents();
@@ -47,7 +48,7 @@ TEST_F(読込, 請求の全項目) {
             names(header_columns, not_laid, assigned));
     at.main("UPDATE T営業請求明細 SET " + names(line_columns, not_laid + copies, assigned));
     const auto rows = [&] {
-        const auto name = [](const auto& c) { return std::string(c.name); };
+        const auto name = [](const auto& c) { return std::string(c.field.column); };
         return at.main("SELECT " + names(header_columns, written_anew, name) + " FROM T営業請求") + "\n" +
                at.main("SELECT " + names(line_columns, written_anew + copies, name) +
                        " FROM T営業請求明細 ORDER BY 4");

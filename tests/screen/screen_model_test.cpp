@@ -26,13 +26,12 @@ std::string_view column_name(const ScreenField& f) {
 
 std::string_view column_of(const ScreenField& f) {
     for (const HeaderColumn& c : header_columns)
-        if ((f.key_text && c.key == f.key_text) || (f.head_text && c.text == f.head_text) ||
-            (f.head_digit && c.digit == f.head_digit) || (f.head_money && c.money == f.head_money))
-            return c.name;
+        if (c.field.is(f.key_text) || c.field.is(f.head_text) || c.field.is(f.head_digit) ||
+            c.field.is(f.head_money))
+            return c.field.column;
     for (const LineColumn& c : line_columns)
-        if ((f.line_text && c.text == f.line_text) || (f.line_digit && c.digit == f.line_digit) ||
-            (f.line_money && c.money == f.line_money))
-            return c.name;
+        if (c.field.is(f.line_text) || c.field.is(f.line_digit) || c.field.is(f.line_money))
+            return c.field.column;
     return "";
 }
 

@@ -39,11 +39,11 @@ void expect_columns(const char* table, std::size_t count, const Columns& columns
     EXPECT_EQ(definition.size(), count) << table;
     for (const auto& column : columns) {
         const auto at = std::find_if(definition.begin(), definition.end(),
-                                     [&column](const auto& d) { return d.name == column.name; });
-        ASSERT_NE(at, definition.end()) << table << " " << column.name;
+                                     [&column](const auto& d) { return d.name == column.field.column; });
+        ASSERT_NE(at, definition.end()) << table << " " << column.field.column;
         // bare numbers need a numeric column, quoted values a text one
         EXPECT_EQ(at->type == setup::ColumnType::number, !is_quoted(column.kind))
-            << table << " " << column.name;
+            << table << " " << column.field.column;
     }
 }
 

@@ -19,11 +19,13 @@ using Member = std::variant<std::string*, std::int16_t*, 通貨*, bool*>;
 template <class Columns, class Record>
 bool find_member(const Columns& columns, Record& record, std::string_view name, Member& m) {
     for (const auto& c : columns) {
-        if (c.name != name || !(c.text || c.digit || c.money)) continue;
-        if (c.text) m = &(record.*c.text);
-        if (c.digit) m = &(record.*c.digit);
-        if (c.money) m = &(record.*c.money);
-        return true;
+        if (c.field.column != name) continue;
+        bool own = false;
+        const auto point = [&](auto member) {
+            if constexpr (requires { record.*member; }) own = (m = &(record.*member), true);
+        };
+        std::visit(point, c.field.member);
+        if (own) return true;
     }
     return false;
 }
