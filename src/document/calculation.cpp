@@ -8,9 +8,6 @@
 namespace kalvane {
 namespace {
 
-constexpr std::int16_t tax_out = 1, tax_in = 2;                             // 消費税区分
-constexpr std::int16_t current_rate = 0, not_taxed = 1, previous_rate = 2;  // 課税区分
-
 struct Rounding {
     std::int16_t method, position;
 };
@@ -169,7 +166,7 @@ void 明細税区分設定(int i) {
 
 void 売上税区分設定(int i) {
     LineRecord& line = 請求明細行[i];
-    const bool untaxed = line.商品売上課税区分 == not_taxed || 請求ヘッダ.得意先消費税算出区分 == 0;
+    const bool untaxed = line.商品売上課税区分 == not_taxed || 請求ヘッダ.得意先消費税算出区分 == no_tax;
     set_classes(sale, line, untaxed, 請求ヘッダ.得意先消費税区分);
 }
 
@@ -180,7 +177,7 @@ void 仕入税区分設定(int i) {
         set_classes(purchase, line, false, tax_out);
         return;
     }
-    const bool untaxed = line.仕入先消費税算出区分 == 0 || line.商品仕入課税区分 == not_taxed;
+    const bool untaxed = line.仕入先消費税算出区分 == no_tax || line.商品仕入課税区分 == not_taxed;
     set_classes(purchase, line, untaxed, line.仕入先消費税区分);
 }
 

@@ -8,9 +8,12 @@
 
 namespace kalvane {
 
-// Values of 行区分.
+// Values of 行区分, 課税区分, 消費税区分 and 消費税算出区分 (from 2 on the tax is the document's).
 inline constexpr std::int16_t ordinary_line = 1, subtotal_line = 2, middle_total_line = 3,
                               large_total_line = 4, grand_total_line = 5;
+inline constexpr std::int16_t current_rate = 0, not_taxed = 1, previous_rate = 2;
+inline constexpr std::int16_t tax_out = 1, tax_in = 2;
+inline constexpr std::int16_t no_tax = 0, tax_per_line = 1;
 
 // Tax classes of the line from the product, the customer and the supplier.
 void 明細税区分設定(int i);

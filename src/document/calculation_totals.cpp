@@ -1,4 +1,5 @@
 // The figures of the whole document: totals, subtotal rows, the tax of the document.
+#include <array>
 #include <limits>
 
 #include "base/text.h"
@@ -9,6 +10,8 @@
 
 namespace kalvane {
 namespace {
+
+constexpr std::int16_t not_counted = 0, counted = 1;  // 計区分
 
 using LineMoney = 通貨 LineRecord::*;
 using HeaderMoney = 通貨 HeaderRecord::*;
@@ -21,23 +24,47 @@ struct TotalSide {
     HeaderMoney current_out, current_in, previous_out, previous_in, untaxed;  // amounts by class
 };
 
-constexpr TotalSide sides[] = {
-    {&LineRecord::請求数量, &LineRecord::請求金額, &LineRecord::請求消費税, &LineRecord::売上課税区分,
-     &LineRecord::売上消費税区分, &HeaderRecord::請求数量合計, &HeaderRecord::請求金額合計,
-     &HeaderRecord::税抜請求金額合計, &HeaderRecord::請求消費税合計, &HeaderRecord::税込請求金額合計,
-     &HeaderRecord::売上課税外税額, &HeaderRecord::売上課税内税額, &HeaderRecord::売上旧税外税額,
-     &HeaderRecord::売上旧税内税額, &HeaderRecord::売上非課税額},
-    {&LineRecord::仕入数量, &LineRecord::仕入金額, &LineRecord::仕入消費税, &LineRecord::仕入課税区分,
-     &LineRecord::仕入消費税区分, &HeaderRecord::仕入数量合計, &HeaderRecord::仕入金額合計,
-     &HeaderRecord::税抜仕入金額合計, &HeaderRecord::仕入消費税合計, &HeaderRecord::税込仕入金額合計,
-     &HeaderRecord::仕入課税外税額, &HeaderRecord::仕入課税内税額, &HeaderRecord::仕入旧税外税額,
-     &HeaderRecord::仕入旧税内税額, &HeaderRecord::仕入非課税額},
-};
+constexpr auto sides = std::to_array<TotalSide>({
+    {.quantity = &LineRecord::請求数量,
+     .amount = &LineRecord::請求金額,
+     .tax = &LineRecord::請求消費税,
+     .taxation = &LineRecord::売上課税区分,
+     .kind = &LineRecord::売上消費税区分,
+     .quantities = &HeaderRecord::請求数量合計,
+     .amounts = &HeaderRecord::請求金額合計,
+     .without_tax = &HeaderRecord::税抜請求金額合計,
+     .taxes = &HeaderRecord::請求消費税合計,
+     .with_tax = &HeaderRecord::税込請求金額合計,
+     .current_out = &HeaderRecord::売上課税外税額,
+     .current_in = &HeaderRecord::売上課税内税額,
+     .previous_out = &HeaderRecord::売上旧税外税額,
+     .previous_in = &HeaderRecord::売上旧税内税額,
+     .untaxed = &HeaderRecord::売上非課税額},
+    {.quantity = &LineRecord::仕入数量,
+     .amount = &LineRecord::仕入金額,
+     .tax = &LineRecord::仕入消費税,
+     .taxation = &LineRecord::仕入課税区分,
+     .kind = &LineRecord::仕入消費税区分,
+     .quantities = &HeaderRecord::仕入数量合計,
+     .amounts = &HeaderRecord::仕入金額合計,
+     .without_tax = &HeaderRecord::税抜仕入金額合計,
+     .taxes = &HeaderRecord::仕入消費税合計,
+     .with_tax = &HeaderRecord::税込仕入金額合計,
+     .current_out = &HeaderRecord::仕入課税外税額,
+     .current_in = &HeaderRecord::仕入課税内税額,
+     .previous_out = &HeaderRecord::仕入旧税外税額,
+     .previous_in = &HeaderRecord::仕入旧税内税額,
+     .untaxed = &HeaderRecord::仕入非課税額},
+});
 
+// Where an amount counts by its class; nullptr for a class that is none.
 HeaderMoney class_total(const TotalSide& s, std::int16_t taxation, std::int16_t kind) {
-    if (taxation == 1) return s.untaxed;
-    if (taxation == 0) return kind == 1 ? s.current_out : kind == 2 ? s.current_in : nullptr;
-    if (taxation == 2) return kind == 1 ? s.previous_out : kind == 2 ? s.previous_in : nullptr;
+    const auto by_kind = [kind](HeaderMoney out, HeaderMoney in) {
+        return kind == tax_out ? out : kind == tax_in ? in : nullptr;
+    };
+    if (taxation == not_taxed) return s.untaxed;
+    if (taxation == current_rate) return by_kind(s.current_out, s.current_in);
+    if (taxation == previous_rate) return by_kind(s.previous_out, s.previous_in);
     return nullptr;
 }
 
@@ -52,10 +79,10 @@ void gather(const TotalSide& s, const LineRecord& line) {
     const 通貨 amount = line.*s.amount, tax = line.*s.tax;
     head.*s.quantities += line.*s.quantity;
     head.*s.amounts += amount;
-    if (line.*s.kind == 1) {
+    if (line.*s.kind == tax_out) {
         head.*s.without_tax += amount;
         head.*s.with_tax += amount + tax;
-    } else if (line.*s.kind == 2) {
+    } else if (line.*s.kind == tax_in) {
         head.*s.without_tax += amount - tax;
         head.*s.with_tax += amount;
     }
@@ -68,17 +95,37 @@ struct SubtotalKind {
     std::int16_t kind;
     int first_row;       // further up there is nothing to add, and a row keeps its figures
     std::int16_t child;  // 行区分 that it adds
-    bool counted_only;   // only those with 計区分 1
+    bool counted_only;   // only those counted
     int stop;            // 行区分 from which on the walk up ends
     std::string_view name;
 };
 constexpr int never = std::numeric_limits<int>::max();
-constexpr SubtotalKind subtotal_kinds[] = {
-    {subtotal_line, 1, ordinary_line, true, subtotal_line, "＊小計＊"},
-    {middle_total_line, 2, subtotal_line, false, middle_total_line, "＊＊中計＊＊"},
-    {large_total_line, 3, middle_total_line, false, large_total_line, "＊＊＊大計＊＊＊"},
-    {grand_total_line, 1, ordinary_line, true, never, "＊＊＊＊合計＊＊＊＊"},
-};
+constexpr auto subtotal_kinds = std::to_array<SubtotalKind>({
+    {.kind = subtotal_line,
+     .first_row = 1,
+     .child = ordinary_line,
+     .counted_only = true,
+     .stop = subtotal_line,
+     .name = "＊小計＊"},
+    {.kind = middle_total_line,
+     .first_row = 2,
+     .child = subtotal_line,
+     .counted_only = false,
+     .stop = middle_total_line,
+     .name = "＊＊中計＊＊"},
+    {.kind = large_total_line,
+     .first_row = 3,
+     .child = middle_total_line,
+     .counted_only = false,
+     .stop = large_total_line,
+     .name = "＊＊＊大計＊＊＊"},
+    {.kind = grand_total_line,
+     .first_row = 1,
+     .child = ordinary_line,
+     .counted_only = true,
+     .stop = never,
+     .name = "＊＊＊＊合計＊＊＊＊"},
+});
 constexpr std::size_t name_width = 25;
 
 const SubtotalKind* subtotal_kind(std::int16_t kind) {
@@ -94,20 +141,21 @@ std::string row_name(std::string_view name) {
     return text.append(name);
 }
 
-constexpr LineMoney summed[] = {&LineRecord::請求数量, &LineRecord::請求金額, &LineRecord::請求消費税,
-                                &LineRecord::仕入数量, &LineRecord::仕入金額, &LineRecord::仕入消費税};
+constexpr auto summed =
+    std::to_array<LineMoney>({&LineRecord::請求数量, &LineRecord::請求金額, &LineRecord::請求消費税,
+                              &LineRecord::仕入数量, &LineRecord::仕入金額, &LineRecord::仕入消費税});
 
 // Four calls, each rounded by itself.
 通貨 document_tax() {
     const HeaderRecord& head = 請求ヘッダ;
-    const auto tax = [](通貨 amount, std::int16_t kind, std::int16_t previous) {
-        return 消費税計算(amount, kind, 請求ヘッダ.得意先消費税丸め方法, 請求ヘッダ.得意先消費税丸め桁位置,
-                          請求ヘッダ.営業請求日付, previous);
+    const auto tax = [&head](通貨 amount, std::int16_t kind, std::int16_t taxation) {
+        return 消費税計算(amount, kind, head.得意先消費税丸め方法, head.得意先消費税丸め桁位置,
+                          head.営業請求日付, taxation == previous_rate ? 1 : 0);
     };
-    通貨 sum = tax(head.売上旧税内税額, 2, 1);
-    sum += tax(head.売上課税内税額, 2, 0);
-    sum += tax(head.売上旧税外税額, 1, 1);
-    sum += tax(head.売上課税外税額, 1, 0);
+    通貨 sum = tax(head.売上旧税内税額, tax_in, previous_rate);
+    sum += tax(head.売上課税内税額, tax_in, current_rate);
+    sum += tax(head.売上旧税外税額, tax_out, previous_rate);
+    sum += tax(head.売上課税外税額, tax_out, current_rate);
     return sum;
 }
 
@@ -122,8 +170,8 @@ void push_difference() {
         any_amount = true;
         if (line.行区分 != ordinary_line) continue;
         line.請求消費税 += difference;
-        if (line.売上消費税区分 == 1) head.税込請求金額合計 += difference;
-        if (line.売上消費税区分 == 2) head.税抜請求金額合計 -= difference;
+        if (line.売上消費税区分 == tax_out) head.税込請求金額合計 += difference;
+        if (line.売上消費税区分 == tax_in) head.税抜請求金額合計 -= difference;
         break;
     }
     if (any_amount) head.請求消費税合計 = head.計算消費税合計;
@@ -137,11 +185,11 @@ void 合計計算() {
     head.計算消費税合計 = 通貨();
     for (int i = 0; i <= 実行環境.最終行; ++i) {
         const LineRecord& line = 請求明細行[i];
-        if (line.計区分 == 1 && line.行区分 == ordinary_line)
+        if (line.計区分 == counted && line.行区分 == ordinary_line)
             for (const TotalSide& s : sides) gather(s, line);
         if (line.行区分 > ordinary_line) 小計行計算(i);
     }
-    head.計算消費税合計 = head.得意先消費税算出区分 == 1 ? head.請求消費税合計 : document_tax();
+    head.計算消費税合計 = head.得意先消費税算出区分 == tax_per_line ? head.請求消費税合計 : document_tax();
     if (head.得意先消費税端数調整区分 == 1 && head.請求消費税合計 != head.計算消費税合計) push_difference();
 }
 
@@ -149,22 +197,22 @@ void 小計行計算(int row) {
     LineRecord& line = 請求明細行[row];
     const SubtotalKind* k = subtotal_kind(line.行区分);
     if (!k || row < k->first_row) return;
-    通貨 sums[std::size(summed)];
+    std::array<通貨, summed.size()> sums;
     for (int i = row - 1; i >= 0; --i) {
         const LineRecord& above = 請求明細行[i];
         if (above.行区分 >= k->stop) break;
-        if (above.行区分 != k->child || (k->counted_only && above.計区分 != 1)) continue;
-        for (std::size_t n = 0; n < std::size(summed); ++n) sums[n] += above.*summed[n];
+        if (above.行区分 != k->child || (k->counted_only && above.計区分 != counted)) continue;
+        for (std::size_t n = 0; n < summed.size(); ++n) sums[n] += above.*summed[n];
     }
-    for (std::size_t n = 0; n < std::size(summed); ++n) line.*summed[n] = sums[n];
+    for (std::size_t n = 0; n < summed.size(); ++n) line.*summed[n] = sums[n];
 }
 
 void 行区分設定(int i) {
     LineRecord& line = 請求明細行[i];
-    if (line.行区分 == ordinary_line) line.計区分 = 1;
+    if (line.行区分 == ordinary_line) line.計区分 = counted;
     const SubtotalKind* k = subtotal_kind(line.行区分);
     if (!k) return;
-    line.計区分 = 0;
+    line.計区分 = not_counted;
     line.商品名 = row_name(k->name);
     明細税区分設定(i);
     小計行計算(i);
@@ -172,7 +220,7 @@ void 行区分設定(int i) {
 
 通貨 消費税差額計算() {
     合計計算();
-    if (請求ヘッダ.得意先消費税算出区分 == 1) return 通貨();
+    if (請求ヘッダ.得意先消費税算出区分 == tax_per_line) return 通貨();
     return 請求ヘッダ.計算消費税合計 - 請求ヘッダ.請求消費税合計;
 }
 
