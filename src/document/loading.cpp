@@ -43,34 +43,6 @@ bool take_pick(const SourceRow& source, std::string& site, std::string& base_dat
     return true;
 }
 
-bool change_source(SourceKind kind, const std::string& text) {
-    const SourceRow& source = source_row(kind);
-    RunContext& r = 実行環境;
-    HeaderRecord& h = 請求ヘッダ;
-    if (text == h.*source.number) return false;
-    r.入力変更あり = true;
-    r.案内メッセージ.clear();
-    if (text.empty()) {
-        (h.*source.number).clear();
-        return true;
-    }
-    std::string site = h.*source.site, base_date = h.*source.base_date;
-    if (!take_pick(source, site, base_date)) {
-        if (site.empty()) site = r.事業所コード;
-        if (base_date.empty()) base_date = 番号基準日付取得(source.number_id, h.営業請求日付);
-    }
-    or_cleared(source, [&] {
-        if (伝票存在確認(kind, site, base_date, text)) {
-            伝票読込(kind);
-            合計計算();
-        } else {
-            伝票読込取消(kind);
-            r.案内メッセージ = "該当情報がありません。";
-        }
-    });
-    return true;
-}
-
 bool usable(const DocumentKey& key) {
     return key.No != "00000000" && key.番号基準日付 > "00000000" && !blank(key.事業所コード) &&
            !blank(key.番号基準日付) && !key.No.empty();
@@ -196,17 +168,32 @@ bool 営業請求No変更(const std::string& text) {
     return true;
 }
 
-bool 営業見積No変更(const std::string& text) {
-    return change_source(SourceKind::quotation, text);
-}
-bool 顧客注文No変更(const std::string& text) {
-    return change_source(SourceKind::order, text);
-}
-bool 営業納品No変更(const std::string& text) {
-    return change_source(SourceKind::delivery, text);
-}
-bool 参照営業請求No変更(const std::string& text) {
-    return change_source(SourceKind::reference, text);
+bool change_source(SourceKind kind, const std::string& text) {
+    const SourceRow& source = source_row(kind);
+    RunContext& r = 実行環境;
+    HeaderRecord& h = 請求ヘッダ;
+    if (text == h.*source.number) return false;
+    r.入力変更あり = true;
+    r.案内メッセージ.clear();
+    if (text.empty()) {
+        (h.*source.number).clear();
+        return true;
+    }
+    std::string site = h.*source.site, base_date = h.*source.base_date;
+    if (!take_pick(source, site, base_date)) {
+        if (site.empty()) site = r.事業所コード;
+        if (base_date.empty()) base_date = 番号基準日付取得(source.number_id, h.営業請求日付);
+    }
+    or_cleared(source, [&] {
+        if (伝票存在確認(kind, site, base_date, text)) {
+            伝票読込(kind);
+            合計計算();
+        } else {
+            伝票読込取消(kind);
+            r.案内メッセージ = "該当情報がありません。";
+        }
+    });
+    return true;
 }
 
 }  // namespace kalvane

@@ -21,71 +21,10 @@ void 伝票読込取消(SourceKind kind);
 // Header, all lines cleared, lines; without totals.
 void 伝票読込(SourceKind kind);
 
-// The same by the names of the documents.
+// The stored invoice by its name.
 inline bool 営業請求存在確認(const std::string& site, const std::string& base_date,
                              const std::string& number) {
     return 伝票存在確認(SourceKind::invoice, site, base_date, number);
-}
-inline bool 営業見積存在確認(const std::string& site, const std::string& base_date,
-                             const std::string& number) {
-    return 伝票存在確認(SourceKind::quotation, site, base_date, number);
-}
-inline bool 顧客注文存在確認(const std::string& site, const std::string& base_date,
-                             const std::string& number) {
-    return 伝票存在確認(SourceKind::order, site, base_date, number);
-}
-inline bool 営業納品存在確認(const std::string& site, const std::string& base_date,
-                             const std::string& number) {
-    return 伝票存在確認(SourceKind::delivery, site, base_date, number);
-}
-inline bool 参照営業請求存在確認(const std::string& site, const std::string& base_date,
-                                 const std::string& number) {
-    return 伝票存在確認(SourceKind::reference, site, base_date, number);
-}
-inline void 営業請求ヘッダ読込() {
-    伝票ヘッダ読込(SourceKind::invoice);
-}
-inline void 営業見積ヘッダ読込() {
-    伝票ヘッダ読込(SourceKind::quotation);
-}
-inline void 顧客注文ヘッダ読込() {
-    伝票ヘッダ読込(SourceKind::order);
-}
-inline void 営業納品ヘッダ読込() {
-    伝票ヘッダ読込(SourceKind::delivery);
-}
-inline void 参照営業請求ヘッダ読込() {
-    伝票ヘッダ読込(SourceKind::reference);
-}
-inline void 営業請求明細読込() {
-    伝票明細読込(SourceKind::invoice);
-}
-inline void 営業見積明細読込() {
-    伝票明細読込(SourceKind::quotation);
-}
-inline void 顧客注文明細読込() {
-    伝票明細読込(SourceKind::order);
-}
-inline void 営業納品明細読込() {
-    伝票明細読込(SourceKind::delivery);
-}
-inline void 参照営業請求明細読込() {
-    伝票明細読込(SourceKind::reference);
-}
-inline void 営業請求読込取消() {
-    伝票読込取消(SourceKind::invoice);
-}
-inline void 営業見積読込取消() {
-    伝票読込取消(SourceKind::quotation);
-}
-inline void 顧客注文読込取消() {
-    伝票読込取消(SourceKind::order);
-}
-inline void 営業納品読込取消() {
-    伝票読込取消(SourceKind::delivery);
-}
-inline void 参照営業請求読込取消() {
-    伝票読込取消(SourceKind::reference);
 }
 
 // A stored invoice with its totals, for the number field and the neighbours. False on a miss, which clears
@@ -100,10 +39,15 @@ void 起動参照読込();
 // Decisions on the text of a left number field, already filled to eight digits: false when it is the number
 // held; else the screen must be redrawn and 案内メッセージ tells how it went.
 bool 営業請求No変更(const std::string& text);
-bool 営業見積No変更(const std::string& text);
-bool 顧客注文No変更(const std::string& text);
-bool 営業納品No変更(const std::string& text);
-bool 参照営業請求No変更(const std::string& text);
+bool change_source(SourceKind kind, const std::string& text);
+template <SourceKind kind>
+requires(kind != SourceKind::invoice) bool source_change(const std::string& text) {
+    return change_source(kind, text);
+}
+inline constexpr auto& 営業見積No変更 = source_change<SourceKind::quotation>;
+inline constexpr auto& 顧客注文No変更 = source_change<SourceKind::order>;
+inline constexpr auto& 営業納品No変更 = source_change<SourceKind::delivery>;
+inline constexpr auto& 参照営業請求No変更 = source_change<SourceKind::reference>;
 
 // One stored line into line i as a new line, its prices derived again. Nothing when it has gone.
 void 営業請求行読込(int i, const std::string& site, const std::string& base_date, const std::string& number,

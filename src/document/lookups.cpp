@@ -1,100 +1,101 @@
-// How to add a master: a list of its columns, a row in masters, its four routines at the end, and its
-// recordset in the run context.
+// The table of the masters, and the four routines over it.
+//
+// How to add a master: a value in MasterKind and its four names in lookups.h, a list of its columns and a row
+// in masters here, its recordset in the run context. The first column is that of the code.
 #include "document/lookups.h"
 
 #include <algorithm>
+#include <array>
 #include <span>
+#include <variant>
 
 #include "base/text.h"
 #include "data/query.h"
 #include "document/calculation.h"
 #include "records/document.h"
+#include "records/field.h"
 #include "records/run_context.h"
 
 namespace kalvane {
 namespace {
 
-// A column and the member that takes it.
 template <class Record>
 struct MasterColumn {
-    std::string_view column;
-    std::string Record::*text = nullptr;
-    std::int16_t Record::*digit = nullptr;
-    通貨 Record::*money = nullptr;
+    Field<Record> field;
     bool code = false;             // goes unquoted into later statements
     bool only_if_missing = false;  // a text already present is kept
-    std::int16_t ceiling = 0;      // a greater value is held as this one; 0 for none
+    std::int16_t ceiling = 0;      // a greater number is held as this one; 0 for none
 };
 using HeadColumn = MasterColumn<HeaderRecord>;
 using RowColumn = MasterColumn<LineRecord>;
 
-constexpr HeadColumn customer_columns[] = {
-    {.column = "コード", .text = &HeaderRecord::得意先コード, .code = true},
-    {.column = "名称A", .text = &HeaderRecord::得意先名称A},
-    {.column = "名称B", .text = &HeaderRecord::得意先名称B},
-    {.column = "御担当者名", .text = &HeaderRecord::御担当者名, .only_if_missing = true},
+constexpr auto customer_columns = std::to_array<HeadColumn>({
+    {.field = {"コード", &HeaderRecord::得意先コード}, .code = true},
+    {.field = {"名称A", &HeaderRecord::得意先名称A}},
+    {.field = {"名称B", &HeaderRecord::得意先名称B}},
+    {.field = {"御担当者名", &HeaderRecord::御担当者名}, .only_if_missing = true},
     // the salesperson's, with the department and section of his own row
-    {.column = "担当者コード", .text = &HeaderRecord::担当者コード, .code = true},
-    {.column = "担当者名", .text = &HeaderRecord::担当者名},
-    {.column = "部門コード", .text = &HeaderRecord::部門コード, .code = true},
-    {.column = "部門名", .text = &HeaderRecord::部門名},
-    {.column = "セクションコード", .text = &HeaderRecord::セクションコード, .code = true},
-    {.column = "セクション名", .text = &HeaderRecord::セクション名},
-    {.column = "消費税区分", .digit = &HeaderRecord::得意先消費税区分},
+    {.field = {"担当者コード", &HeaderRecord::担当者コード}, .code = true},
+    {.field = {"担当者名", &HeaderRecord::担当者名}},
+    {.field = {"部門コード", &HeaderRecord::部門コード}, .code = true},
+    {.field = {"部門名", &HeaderRecord::部門名}},
+    {.field = {"セクションコード", &HeaderRecord::セクションコード}, .code = true},
+    {.field = {"セクション名", &HeaderRecord::セクション名}},
+    {.field = {"消費税区分", &HeaderRecord::得意先消費税区分}},
     // the list beside the field ends at 2
-    {.column = "消費税算出区分", .digit = &HeaderRecord::得意先消費税算出区分, .ceiling = 2},
-    {.column = "消費税丸め方法", .digit = &HeaderRecord::得意先消費税丸め方法},
-    {.column = "消費税丸め桁位置", .digit = &HeaderRecord::得意先消費税丸め桁位置},
-    {.column = "消費税端数調整区分", .digit = &HeaderRecord::得意先消費税端数調整区分},
-    {.column = "名称入力区分", .digit = &HeaderRecord::得意先名称入力区分},
-};
-constexpr HeadColumn contact_columns[] = {
-    {.column = "御担当者コード", .text = &HeaderRecord::得意先御担当者コード, .code = true},
-    {.column = "氏名", .text = &HeaderRecord::御担当者名},
-};
-constexpr HeadColumn staff_columns[] = {
-    {.column = "コード", .text = &HeaderRecord::担当者コード, .code = true},
-    {.column = "氏名", .text = &HeaderRecord::担当者名},
-    {.column = "部門コード", .text = &HeaderRecord::部門コード, .code = true},
-    {.column = "部門名", .text = &HeaderRecord::部門名},
-    {.column = "セクションコード", .text = &HeaderRecord::セクションコード, .code = true},
-    {.column = "セクション名", .text = &HeaderRecord::セクション名},
-};
-constexpr HeadColumn department_columns[] = {
-    {.column = "コード", .text = &HeaderRecord::部門コード, .code = true},
-    {.column = "名称", .text = &HeaderRecord::部門名},
-};
-constexpr HeadColumn section_columns[] = {
-    {.column = "コード", .text = &HeaderRecord::セクションコード, .code = true},
-    {.column = "名称", .text = &HeaderRecord::セクション名},
-};
-constexpr HeadColumn destination_columns[] = {
-    {.column = "コード", .text = &HeaderRecord::納品先コード, .code = true},
-    {.column = "名称A", .text = &HeaderRecord::納品先名称A},
-    {.column = "名称B", .text = &HeaderRecord::納品先名称B},
-    {.column = "名称入力区分", .digit = &HeaderRecord::納品先名称入力区分},
-};
-constexpr RowColumn product_columns[] = {
-    {.column = "コード", .text = &LineRecord::商品コード, .code = true},
-    {.column = "売上課税区分", .digit = &LineRecord::商品売上課税区分},
-    {.column = "売上消費税区分", .digit = &LineRecord::商品売上消費税区分},
-    {.column = "仕入課税区分", .digit = &LineRecord::商品仕入課税区分},
-    {.column = "仕入消費税区分", .digit = &LineRecord::商品仕入消費税区分},
-    {.column = "税抜販売単価", .money = &LineRecord::商品税抜販売単価},
-    {.column = "税込販売単価", .money = &LineRecord::商品税込販売単価},
-    {.column = "税抜仕入単価", .money = &LineRecord::商品税抜仕入単価},
-    {.column = "税込仕入単価", .money = &LineRecord::商品税込仕入単価},
-};
-constexpr RowColumn supplier_columns[] = {
-    {.column = "コード", .text = &LineRecord::仕入先コード, .code = true},
-    {.column = "名称A", .text = &LineRecord::仕入先名称A},
-    {.column = "消費税区分", .digit = &LineRecord::仕入先消費税区分},
-    {.column = "消費税算出区分", .digit = &LineRecord::仕入先消費税算出区分},
-    {.column = "消費税丸め方法", .digit = &LineRecord::仕入先消費税丸め方法},
-    {.column = "消費税丸め桁位置", .digit = &LineRecord::仕入先消費税丸め桁位置},
-    {.column = "消費税端数調整区分", .digit = &LineRecord::仕入先消費税端数調整区分},
-    {.column = "名称入力区分", .digit = &LineRecord::仕入先名称入力区分},
-};
+    {.field = {"消費税算出区分", &HeaderRecord::得意先消費税算出区分}, .ceiling = 2},
+    {.field = {"消費税丸め方法", &HeaderRecord::得意先消費税丸め方法}},
+    {.field = {"消費税丸め桁位置", &HeaderRecord::得意先消費税丸め桁位置}},
+    {.field = {"消費税端数調整区分", &HeaderRecord::得意先消費税端数調整区分}},
+    {.field = {"名称入力区分", &HeaderRecord::得意先名称入力区分}},
+});
+constexpr auto contact_columns = std::to_array<HeadColumn>({
+    {.field = {"御担当者コード", &HeaderRecord::得意先御担当者コード}, .code = true},
+    {.field = {"氏名", &HeaderRecord::御担当者名}},
+});
+constexpr auto staff_columns = std::to_array<HeadColumn>({
+    {.field = {"コード", &HeaderRecord::担当者コード}, .code = true},
+    {.field = {"氏名", &HeaderRecord::担当者名}},
+    {.field = {"部門コード", &HeaderRecord::部門コード}, .code = true},
+    {.field = {"部門名", &HeaderRecord::部門名}},
+    {.field = {"セクションコード", &HeaderRecord::セクションコード}, .code = true},
+    {.field = {"セクション名", &HeaderRecord::セクション名}},
+});
+constexpr auto department_columns = std::to_array<HeadColumn>({
+    {.field = {"コード", &HeaderRecord::部門コード}, .code = true},
+    {.field = {"名称", &HeaderRecord::部門名}},
+});
+constexpr auto section_columns = std::to_array<HeadColumn>({
+    {.field = {"コード", &HeaderRecord::セクションコード}, .code = true},
+    {.field = {"名称", &HeaderRecord::セクション名}},
+});
+constexpr auto destination_columns = std::to_array<HeadColumn>({
+    {.field = {"コード", &HeaderRecord::納品先コード}, .code = true},
+    {.field = {"名称A", &HeaderRecord::納品先名称A}},
+    {.field = {"名称B", &HeaderRecord::納品先名称B}},
+    {.field = {"名称入力区分", &HeaderRecord::納品先名称入力区分}},
+});
+constexpr auto product_columns = std::to_array<RowColumn>({
+    {.field = {"コード", &LineRecord::商品コード}, .code = true},
+    {.field = {"売上課税区分", &LineRecord::商品売上課税区分}},
+    {.field = {"売上消費税区分", &LineRecord::商品売上消費税区分}},
+    {.field = {"仕入課税区分", &LineRecord::商品仕入課税区分}},
+    {.field = {"仕入消費税区分", &LineRecord::商品仕入消費税区分}},
+    {.field = {"税抜販売単価", &LineRecord::商品税抜販売単価}},
+    {.field = {"税込販売単価", &LineRecord::商品税込販売単価}},
+    {.field = {"税抜仕入単価", &LineRecord::商品税抜仕入単価}},
+    {.field = {"税込仕入単価", &LineRecord::商品税込仕入単価}},
+});
+constexpr auto supplier_columns = std::to_array<RowColumn>({
+    {.field = {"コード", &LineRecord::仕入先コード}, .code = true},
+    {.field = {"名称A", &LineRecord::仕入先名称A}},
+    {.field = {"消費税区分", &LineRecord::仕入先消費税区分}},
+    {.field = {"消費税算出区分", &LineRecord::仕入先消費税算出区分}},
+    {.field = {"消費税丸め方法", &LineRecord::仕入先消費税丸め方法}},
+    {.field = {"消費税丸め桁位置", &LineRecord::仕入先消費税丸め桁位置}},
+    {.field = {"消費税端数調整区分", &LineRecord::仕入先消費税端数調整区分}},
+    {.field = {"名称入力区分", &LineRecord::仕入先名称入力区分}},
+});
 
 // --- what a look-up does beyond its columns
 void read_product_texts(const ado::Recordset& rs, int i);
@@ -105,6 +106,7 @@ void totals_only(int) {
 }
 
 struct Master {
+    MasterKind kind;
     ado::Recordset RunContext::Recordsets::*recordset;
     // the statement: before, owner's code, between, code, after; by_site puts a condition behind the code
     std::string_view before;
@@ -121,10 +123,9 @@ struct Master {
     void (*after_miss)(int) = nullptr;
 };
 
-enum MasterIndex { customer, contact, staff, department, section, destination, product, supplier };
-
-constexpr Master masters[] = {
-    {.recordset = &RunContext::Recordsets::得意先,
+constexpr auto masters = std::to_array<Master>({
+    {.kind = MasterKind::customer,
+     .recordset = &RunContext::Recordsets::得意先,
      .before =
          "SELECT M得意先.*, M担当者.氏名 AS 担当者名, M担当者.部門コード, M担当者.セクションコード, "
          "M部門.名称 AS 部門名, Mセクション.名称 AS セクション名"
@@ -135,12 +136,14 @@ constexpr Master masters[] = {
      .after = "' AND M得意先.取引状況区分 <> '3'",
      .head = customer_columns,
      .after_hit = reprice_document},
-    {.recordset = &RunContext::Recordsets::得意先御担当者,
+    {.kind = MasterKind::contact,
+     .recordset = &RunContext::Recordsets::得意先御担当者,
      .before = "SELECT M得意先御担当者.* FROM M得意先御担当者 WHERE M得意先御担当者.得意先コード = '",
      .owner = &HeaderRecord::得意先コード,
      .between = "' AND M得意先御担当者.御担当者コード = '",
      .head = contact_columns},
-    {.recordset = &RunContext::Recordsets::担当者,
+    {.kind = MasterKind::staff,
+     .recordset = &RunContext::Recordsets::担当者,
      .before =
          "SELECT M担当者.*, M部門.名称 AS 部門名, Mセクション.名称 AS セクション名"
          " FROM Mセクション RIGHT JOIN (M部門 RIGHT JOIN M担当者 ON M部門.コード = M担当者.部門コード) ON "
@@ -151,38 +154,62 @@ constexpr Master masters[] = {
      .head = staff_columns,
      .tested = false,
      .emptied_clears_notice = false},
-    {.recordset = &RunContext::Recordsets::部門,
+    {.kind = MasterKind::department,
+     .recordset = &RunContext::Recordsets::部門,
      .before = "SELECT M部門.* FROM M部門 WHERE M部門.コード = '",
      .head = department_columns,
      .tested = false,
      .emptied_clears_notice = false},
-    {.recordset = &RunContext::Recordsets::セクション,
+    {.kind = MasterKind::section,
+     .recordset = &RunContext::Recordsets::セクション,
      .before = "SELECT Mセクション.* FROM Mセクション WHERE Mセクション.コード = '",
      .head = section_columns,
      .tested = false,
      .emptied_clears_notice = false},
-    {.recordset = &RunContext::Recordsets::納品先,
+    {.kind = MasterKind::destination,
+     .recordset = &RunContext::Recordsets::納品先,
      .before = "SELECT M納品先.*, M担当者.氏名 AS 担当者名"
                " FROM M担当者 INNER JOIN M納品先 ON M担当者.コード = M納品先.担当者コード"
                " WHERE M納品先.コード = '",
      .after = "' AND M納品先.取引状況区分 <> '3'",
      .head = destination_columns},
-    {.recordset = &RunContext::Recordsets::商品,
+    {.kind = MasterKind::product,
+     .recordset = &RunContext::Recordsets::商品,
      .before = "SELECT M商品.* FROM M商品 WHERE M商品.コード = '",
      .after = "' AND M商品.取扱状況区分 <> '3'",
      .line = product_columns,
      .more = read_product_texts,
      .after_hit = reprice_line,
      .after_miss = totals_only},
-    {.recordset = &RunContext::Recordsets::仕入先,
+    {.kind = MasterKind::supplier,
+     .recordset = &RunContext::Recordsets::仕入先,
      .before = "SELECT M仕入先.* FROM M仕入先 WHERE M仕入先.コード = '",
      .after = "' AND M仕入先.取引状況区分 <> '3'",
      .line = supplier_columns},
-};
-static_assert(std::size(masters) == supplier + 1);
-static_assert(masters[customer].recordset == &RunContext::Recordsets::得意先);
-static_assert(masters[staff].by_site && masters[product].line[0].text == &LineRecord::商品コード);
-static_assert(masters[supplier].recordset == &RunContext::Recordsets::仕入先);
+});
+
+template <class Record>
+constexpr bool code_first(std::span<const MasterColumn<Record>> columns) {
+    return columns.front().code && columns.front().field.template holds<std::string Record::*>();
+}
+// Each row stands at its kind, with a recordset of its own, and writes either the header or the line, whose
+// code comes first.
+constexpr bool masters_sound() {
+    for (std::size_t i = 0; i < masters.size(); ++i) {
+        const Master& m = masters[i];
+        if (static_cast<std::size_t>(m.kind) != i || m.head.empty() != is_of_line(m.kind)) return false;
+        if (m.head.empty() == m.line.empty()) return false;
+        if (!(m.head.empty() ? code_first(m.line) : code_first(m.head))) return false;
+        for (std::size_t j = 0; j < i; ++j)
+            if (masters[j].recordset == m.recordset) return false;
+    }
+    return masters.size() == master_kinds;
+}
+static_assert(masters_sound());
+
+constexpr const Master& master(MasterKind kind) {
+    return masters[static_cast<std::size_t>(kind)];
+}
 
 ado::Recordset& recordset(const Master& m) {
     return 実行環境.recordsets.*m.recordset;
@@ -195,7 +222,8 @@ void release(const Master& m) {
 
 // The field that the code goes into stands first in the columns.
 std::string& code_held(const Master& m, int i) {
-    return m.head.empty() ? 請求明細行[i].*m.line[0].text : 請求ヘッダ.*m.head[0].text;
+    return m.head.empty() ? 請求明細行[i].*std::get<std::string LineRecord::*>(m.line[0].field.member)
+                          : 請求ヘッダ.*std::get<std::string HeaderRecord::*>(m.head[0].field.member);
 }
 
 // What a code field's keys may put into it, and the blanks of a padded column. Codes go into statements as
@@ -209,8 +237,9 @@ bool could_be_typed(std::string_view code) {
 
 template <class Record>
 bool codes_could_be_typed(const ado::Recordset& rs, std::span<const MasterColumn<Record>> columns) {
-    return std::ranges::all_of(
-        columns, [&rs](const auto& c) { return !c.code || could_be_typed(rs.Fields(c.column).text()); });
+    return std::ranges::all_of(columns, [&rs](const auto& c) {
+        return !c.code || could_be_typed(rs.Fields(c.field.column).text());
+    });
 }
 
 std::string statement(const Master& m, const std::string& code) {
@@ -250,18 +279,19 @@ void copy(T& member, const T& value, bool tested) {
 template <class Record>
 void read_columns(const Master& m, std::span<const MasterColumn<Record>> columns, Record& record) {
     for (const MasterColumn<Record>& c : columns) {
-        const ado::Value& v = recordset(m).Fields(c.column);
+        const ado::Value& v = recordset(m).Fields(c.field.column);
         if (v.is_null()) continue;
-        if (c.text) {
-            const std::string text = v.text();
-            if (c.only_if_missing && (text.empty() || !(record.*c.text).empty())) continue;
-            copy(record.*c.text, text, m.tested);
+        if (const auto* text = std::get_if<std::string Record::*>(&c.field.member)) {
+            const std::string value = v.text();
+            if (c.only_if_missing && (value.empty() || !(record.**text).empty())) continue;
+            copy(record.**text, value, m.tested);
         }
-        if (c.digit) {
+        if (const auto* digit = std::get_if<std::int16_t Record::*>(&c.field.member)) {
             const bool above = c.ceiling != 0 && v.number() > c.ceiling;
-            copy(record.*c.digit, above ? c.ceiling : to_i16(v.number()), m.tested);
+            copy(record.**digit, above ? c.ceiling : to_i16(v.number()), m.tested);
         }
-        if (c.money) copy(record.*c.money, v.currency(), m.tested);
+        if (const auto* money = std::get_if<通貨 Record::*>(&c.field.member))
+            copy(record.**money, v.currency(), m.tested);
     }
 }
 
@@ -344,104 +374,17 @@ void reprice_line(int i) {
 
 }  // namespace
 
-bool 得意先存在確認(const std::string& code) {
-    return exists(masters[customer], code);
+bool master_exists(MasterKind kind, const std::string& code) {
+    return exists(master(kind), code);
 }
-bool 得意先御担当者存在確認(const std::string& code) {
-    return exists(masters[contact], code);
+void read_master(MasterKind kind, int i) {
+    read(master(kind), i);
 }
-bool 担当者存在確認(const std::string& code) {
-    return exists(masters[staff], code);
+void miss_master(MasterKind kind, int i) {
+    miss(master(kind), i);
 }
-bool 部門存在確認(const std::string& code) {
-    return exists(masters[department], code);
-}
-bool セクション存在確認(const std::string& code) {
-    return exists(masters[section], code);
-}
-bool 納品先存在確認(const std::string& code) {
-    return exists(masters[destination], code);
-}
-bool 商品存在確認(const std::string& code) {
-    return exists(masters[product], code);
-}
-bool 仕入先存在確認(const std::string& code) {
-    return exists(masters[supplier], code);
-}
-
-void 得意先読込() {
-    read(masters[customer], 0);
-}
-void 得意先御担当者読込() {
-    read(masters[contact], 0);
-}
-void 担当者読込() {
-    read(masters[staff], 0);
-}
-void 部門読込() {
-    read(masters[department], 0);
-}
-void セクション読込() {
-    read(masters[section], 0);
-}
-void 納品先読込() {
-    read(masters[destination], 0);
-}
-void 商品読込(int i) {
-    read(masters[product], i);
-}
-void 仕入先読込(int i) {
-    read(masters[supplier], i);
-}
-
-void 得意先読込取消() {
-    miss(masters[customer], 0);
-}
-void 得意先御担当者読込取消() {
-    miss(masters[contact], 0);
-}
-void 担当者読込取消() {
-    miss(masters[staff], 0);
-}
-void 部門読込取消() {
-    miss(masters[department], 0);
-}
-void セクション読込取消() {
-    miss(masters[section], 0);
-}
-void 納品先読込取消() {
-    miss(masters[destination], 0);
-}
-void 商品読込取消(int i) {
-    miss(masters[product], i);
-}
-void 仕入先読込取消(int i) {
-    miss(masters[supplier], i);
-}
-
-bool 得意先コード変更(const std::string& text) {
-    return decide(masters[customer], text, 0);
-}
-bool 得意先御担当者コード変更(const std::string& text) {
-    return decide(masters[contact], text, 0);
-}
-bool 担当者コード変更(const std::string& text) {
-    return decide(masters[staff], text, 0);
-}
-bool 部門コード変更(const std::string& text) {
-    return decide(masters[department], text, 0);
-}
-bool セクションコード変更(const std::string& text) {
-    return decide(masters[section], text, 0);
-}
-bool 納品先コード変更(const std::string& text) {
-    return decide(masters[destination], text, 0);
-}
-bool 商品コード変更(const std::string& text) {
-    return decide(masters[product], text, 実行環境.現在行);
-}
-bool 仕入先コード変更(const std::string& text) {
-    return decide(masters[supplier], text, 実行環境.現在行);
+bool change_master(MasterKind kind, const std::string& text) {
+    return decide(master(kind), text, is_of_line(kind) ? 実行環境.現在行 : 0);
 }
 
 std::vector<std::string> code_table_names(const std::string& statement) {

@@ -23,8 +23,8 @@ TEST_F(閲覧, 一行の全項目) {
     os::freeze_clock({{2024, 12, 5}, 7, 8, 9});
     EXPECT_FALSE(営業請求存在確認("012", "20250331", "00000077"));
     // the sources and the reference leave none
-    for (auto look : {営業見積存在確認, 顧客注文存在確認, 営業納品存在確認, 参照営業請求存在確認})
-        look("000", "99999999", "00000001");
+    for (auto kind : {SourceKind::quotation, SourceKind::order, SourceKind::delivery, SourceKind::reference})
+        伝票存在確認(kind, "000", "99999999", "00000001");
     EXPECT_EQ(at.main("SELECT * FROM T閲覧"),
               "000|99999999|00000001|20241205|07:08:09|00001|O'Hara|KalvaneInvoiceEntry|012|20250331|"
               "00000077||0||||0|SEAT0100001tanaka|20241205 070809|");
