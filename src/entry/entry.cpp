@@ -26,10 +26,6 @@
 namespace kalvane {
 namespace {
 
-EntryScreen& screen() {
-    return frmKalvaneInvoiceEntry;
-}
-
 // The box, then the end; what ended the process while the box stood may have closed everything already.
 void end_with(const char* words) {
     message_box(words);
@@ -55,7 +51,6 @@ void 画面初期設定() {
     caption.append("（").append(実行環境.名称).append("）");
     set_form_caption(s, caption);
     画面コード表読込();
-    s.scl_行.large_change = 10;
     set_enabled(s.scl_行, false);
     set_number(s.scl_行, 0);
     実行環境.先頭コントロール = &s.営業請求日付年;
@@ -79,9 +74,7 @@ void load_screen(Form&) {
     画面初期設定();
     タイトル表示();
     伝票初期設定();
-    画面表示();
-    スクロール設定();
-    ボタン状態更新();
+    画面再表示();
 }
 
 // 終了前確認: may the screen be closed?

@@ -17,9 +17,6 @@
 namespace kalvane {
 namespace {
 
-EntryScreen& screen() {
-    return frmKalvaneInvoiceEntry;
-}
 bool guarded() {
     return 実行環境.連携待ち中 || 実行環境.処理中;
 }
@@ -49,64 +46,29 @@ void code_changed(Control& c) {
 // --- lists: a field that may not be entered opens nothing
 void open_list(Control& field) {
     if (guarded() || 入力順序確認(field)) return;
-    一覧表示(field);
+    const ScreenField* f = field_of(field);
+    if (!f || f->list.window == ListWindow::none) return;
+    実行環境.一覧戻り先 = &field;
+    実行環境.一覧次項目 = f->list.next.at(field.row);
+    一覧表示(f->list.window);
 }
 void list_key(Control& c, int code) {
     if (code == key_ctrl) open_list(c);
 }
-
-// --- caption panels and buttons that stand for a field
-struct Request {
-    Control EntryScreen::*panel;
-    Control EntryScreen::*field;
-};
-constexpr Request panel_requests[] = {
-    {&EntryScreen::itm_ttl_営業請求日付, &EntryScreen::営業請求日付年},
-    {&EntryScreen::itm_ttl_得意先消費税算出区分, &EntryScreen::得意先消費税算出区分},
-    {&EntryScreen::itm_ttl_得意先消費税区分, &EntryScreen::得意先消費税区分},
-    {&EntryScreen::itm_ttl_消費税表示区分, &EntryScreen::消費税表示区分},
-    {&EntryScreen::itm_ttl_合計表示区分, &EntryScreen::合計表示区分},
-    {&EntryScreen::itm_ttl_タイトル, &EntryScreen::タイトル},
-    {&EntryScreen::itm_ttl_支払条件, &EntryScreen::支払条件},
-    {&EntryScreen::itm_ttl_売上完了区分, &EntryScreen::売上完了区分},
-    {&EntryScreen::itm_ttl_請求伝票備考, &EntryScreen::請求伝票備考A},
-};
-constexpr Request list_buttons[] = {
-    {&EntryScreen::btn_営業請求No, &EntryScreen::営業請求No},
-    {&EntryScreen::btn_営業見積No, &EntryScreen::営業見積No},
-    {&EntryScreen::btn_顧客注文No, &EntryScreen::顧客注文No},
-    {&EntryScreen::btn_営業納品No, &EntryScreen::営業納品No},
-    {&EntryScreen::btn_参照営業請求No, &EntryScreen::参照営業請求No},
-    {&EntryScreen::btn_得意先コード, &EntryScreen::得意先コード},
-    {&EntryScreen::btn_得意先御担当者コード, &EntryScreen::得意先御担当者コード},
-    {&EntryScreen::btn_担当者コード, &EntryScreen::担当者コード},
-    {&EntryScreen::btn_部門コード, &EntryScreen::部門コード},
-    {&EntryScreen::btn_セクションコード, &EntryScreen::セクションコード},
-    {&EntryScreen::btn_納品先コード, &EntryScreen::納品先コード},
-};
-struct RowRequest {
-    RowControls EntryScreen::*button;
-    RowControls EntryScreen::*field;
-};
-constexpr RowRequest row_list_buttons[] = {
-    {&EntryScreen::btn_商品コード, &EntryScreen::商品コード},
-    {&EntryScreen::btn_仕入先コード, &EntryScreen::仕入先コード},
-};
-
-void request_by_panel(Control& panel) {
-    if (guarded()) return;
-    for (const Request& r : panel_requests)
-        if (Control& field = screen().*r.field; &(screen().*r.panel) == &panel && !入力順序確認(field))
-            ヘッド項目移動(field);  // from a button or a check box, which are no fields of the flow
+void list_by_button(Control& button) {
+    for (const ScreenField& f : screen_fields())
+        if (f.list.button.at(button.row) == &button) return open_list(*f.control.at(button.row));
 }
 
-void list_by_button(Control& button) {
-    for (const Request& r : list_buttons)
-        if (&(screen().*r.panel) == &button) open_list(screen().*r.field);
-    if (button.row < 0) return;
-    const auto row = static_cast<std::size_t>(button.row);
-    for (const RowRequest& r : row_list_buttons)
-        if (&(screen().*r.button)[row] == &button) open_list((screen().*r.field)[row]);
+// --- captions that stand for a field
+void request_by_panel(Control& panel) {
+    if (guarded()) return;
+    for (const ScreenField& f : screen_fields()) {
+        if (!f.panel || &(screen().*f.panel) != &panel) continue;
+        Control& field = screen().*f.control.one;
+        // from a button or a check box, which are no fields of the flow
+        if (!入力順序確認(field)) ヘッド項目移動(field);
+    }
 }
 
 void request_product_code(Control& panel) {
@@ -130,12 +92,15 @@ void flip_suppliers() {
 void close_screen() {
     unload_form(screen());
 }
-constexpr ButtonAction button_actions[] = {
-    {&EntryScreen::btn_登録, 登録要求},         {&EntryScreen::btn_削除, 削除処理},
-    {&EntryScreen::btn_前No, 前No表示},         {&EntryScreen::btn_次No, 次No表示},
-    {&EntryScreen::btn_画面クリア, 画面クリア}, {&EntryScreen::btn_仕入先表示, flip_suppliers},
+constexpr auto button_actions = std::to_array<ButtonAction>({
+    {&EntryScreen::btn_登録, 登録要求},
+    {&EntryScreen::btn_削除, 削除処理},
+    {&EntryScreen::btn_前No, 前No表示},
+    {&EntryScreen::btn_次No, 次No表示},
+    {&EntryScreen::btn_画面クリア, 画面クリア},
+    {&EntryScreen::btn_仕入先表示, flip_suppliers},
     {&EntryScreen::btn_終了, close_screen},
-};
+});
 void frame_button(Control& c) {
     if (guarded()) return;
     for (const ButtonAction& b : button_actions)
@@ -169,10 +134,10 @@ void sentinel(Control& c) {
 }
 
 void wire_field(Control& c, const ScreenField& f) {
-    if (f.area == Area::none && f.store == Store::none) return;
+    if (f.flow.area == Area::none && f.store == Store::none) return;
     c.GotFocus = got_focus;
     c.LostFocus = lost_focus;
-    if (f.limit_notice) c.Change = text_changed;
+    if (f.input.limit_notice) c.Change = text_changed;
     if (f.store == Store::head_digit || f.store == Store::line_kind || f.store == Store::line_check ||
         f.store == Store::head_check)
         c.Change = code_changed;
@@ -201,16 +166,12 @@ Copies& copies() {
 void 画面イベント設定() {
     EntryScreen& s = screen();
     for (const ScreenField& f : screen_fields()) {
-        if (f.one) wire_field(s.*f.one, f);
-        if (f.rows)
-            for (Control& c : s.*f.rows) wire_field(c, f);
+        for (Control& c : f.control.all()) wire_field(c, f);
+        for (Control& button : f.list.button.all()) button.Click = list_by_button;
+        if (f.panel) (s.*f.panel).Click = request_by_panel;
     }
     s.List付属書類.GotFocus = got_focus;
     s.List付属書類.LostFocus = lost_focus;
-    for (const Request& r : panel_requests) (s.*r.panel).Click = request_by_panel;
-    for (const Request& r : list_buttons) (s.*r.panel).Click = list_by_button;
-    for (const RowRequest& r : row_list_buttons)
-        for (Control& c : s.*r.button) c.Click = list_by_button;
     s.itm_ttl_行No.Click = request_product_code;
     for (RowControls* panels : {&s.Lab_行No, &s.bak_dtla})
         for (Control& c : *panels) c.Click = request_product_code;
@@ -233,9 +194,7 @@ void install_event_copies() {
         実行環境 = copies().run;
         請求ヘッダ = copies().header;
         請求明細行 = copies().lines;
-        画面表示();
-        スクロール設定();
-        ボタン状態更新();
+        画面再表示();
     };
 }
 

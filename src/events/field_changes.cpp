@@ -12,9 +12,6 @@
 namespace kalvane {
 namespace {
 
-EntryScreen& screen() {
-    return frmKalvaneInvoiceEntry;
-}
 LineRecord& current_line() {
     return 請求明細行[実行環境.現在行];
 }
@@ -29,29 +26,10 @@ void finish() {
     ボタン状態更新();
 }
 
-// --- codes and numbers: what decides on the text, and whether the whole screen follows
-struct HeadCode {
-    Control EntryScreen::*field;
-    bool (*decide)(const std::string&);
-    bool loads = false;  // a document, by its number
-};
-constexpr HeadCode head_codes[] = {
-    {&EntryScreen::営業請求No, 営業請求No変更, true},
-    {&EntryScreen::営業見積No, 営業見積No変更, true},
-    {&EntryScreen::顧客注文No, 顧客注文No変更, true},
-    {&EntryScreen::営業納品No, 営業納品No変更, true},
-    {&EntryScreen::参照営業請求No, 参照営業請求No変更, true},
-    {&EntryScreen::得意先コード, 得意先コード変更},
-    {&EntryScreen::得意先御担当者コード, 得意先御担当者コード変更},
-    {&EntryScreen::担当者コード, 担当者コード変更},
-    {&EntryScreen::部門コード, 部門コード変更},
-    {&EntryScreen::セクションコード, セクションコード変更},
-    {&EntryScreen::納品先コード, 納品先コード変更},
-};
-
+// --- codes and numbers: looked up
 // The typed text in the form of the field's mask, shown so.
 std::string masked(Control& c, const ScreenField& f) {
-    const std::string text = 桁揃え(c.text, f.mask);
+    const std::string text = 桁揃え(c.text, f.input.mask);
     const ProcessingGuard guard;
     set_text(c, text);
     return text;
@@ -59,26 +37,19 @@ std::string masked(Control& c, const ScreenField& f) {
 
 void leave_head_code(Control& c, const ScreenField& f) {
     const std::string text = masked(c, f);
-    for (const HeadCode& h : head_codes) {
-        if (&(screen().*h.field) != &c) continue;
-        bool changed = false;
-        const auto decide = [&] { changed = h.decide(text); };
-        if (h.loads)
-            読込表示(decide);
-        else
-            decide();
-        if (!changed) return;
-        画面再表示();
-        案内表示();
-        return;
-    }
+    bool changed = false;
+    const auto look_up = [&] { changed = f.look_up(text); };
+    if (f.loads)
+        読込表示(look_up);
+    else
+        look_up();
+    if (!changed) return;
+    画面再表示();
+    案内表示();
 }
 
 void leave_line_code(Control& c, const ScreenField& f) {
-    const std::string text = masked(c, f);
-    const bool changed =
-        f.line_text == &LineRecord::商品コード ? 商品コード変更(text) : 仕入先コード変更(text);
-    if (!changed) return;
+    if (!f.look_up(masked(c, f))) return;
     show_current_row();
     finish();
 }
@@ -89,12 +60,12 @@ std::string cut(const std::string& text, int limit) {
 }
 
 void leave_head_text(Control& c, const ScreenField& f) {
-    std::string& member = 請求ヘッダ.*f.head_text;
+    std::string& member = 請求ヘッダ.*f.shows.head_text;
     if (c.text == member) return;
-    member = cut(c.text, f.max_length);
+    member = cut(c.text, f.input.max_length);
     実行環境.入力変更あり = true;
     実行環境.案内メッセージ.clear();
-    if (f.area == Area::tail)
+    if (f.flow.area == Area::tail)
         テイル画面表示();
     else
         ヘッド画面表示();
@@ -102,9 +73,9 @@ void leave_head_text(Control& c, const ScreenField& f) {
 }
 
 void leave_line_text(Control& c, const ScreenField& f) {
-    std::string& member = current_line().*f.line_text;
+    std::string& member = current_line().*f.shows.line_text;
     if (c.text == member) return;
-    member = cut(c.text, f.max_length);
+    member = cut(c.text, f.input.max_length);
     実行環境.入力変更あり = true;
     実行環境.案内メッセージ.clear();
     明細行表示(実行環境.現在行, 実行環境.現在画面行);
@@ -112,7 +83,7 @@ void leave_line_text(Control& c, const ScreenField& f) {
 }
 
 void leave_date_part(Control& c, const ScreenField& f) {
-    std::string& member = 請求ヘッダ.*f.head_text;
+    std::string& member = 請求ヘッダ.*f.shows.head_text;
     if (c.text == member) return;
     member = c.text;
     実行環境.入力変更あり = true;
@@ -123,43 +94,21 @@ void leave_date_part(Control& c, const ScreenField& f) {
     finish();
 }
 
-// --- figures of a line: the recalculations that each starts, in order
-void purchase_quantity_follows(int i) {
-    請求明細行[i].仕入数量 = 請求明細行[i].請求数量;
-}
-struct FigureSteps {
-    通貨 LineRecord::*figure;
-    void (*steps[5])(int);
-};
-constexpr FigureSteps figure_steps[] = {
-    {&LineRecord::請求数量,
-     {purchase_quantity_follows, 請求金額計算, 請求消費税計算, 仕入金額計算, 仕入消費税計算}},
-    {&LineRecord::請求単価, {請求単価入力, 請求金額計算, 請求消費税計算}},
-    {&LineRecord::請求金額, {請求消費税計算}},
-    {&LineRecord::請求消費税, {}},
-    {&LineRecord::仕入数量, {仕入金額計算, 仕入消費税計算}},
-    {&LineRecord::仕入単価, {仕入単価入力, 仕入金額計算, 仕入消費税計算}},
-    {&LineRecord::仕入金額, {仕入消費税計算}},
-    {&LineRecord::仕入消費税, {}},
-};
-
+// --- figures of a line
 // With 消費税表示区分 0 the tax fields show 0 while the line keeps its tax; leaving one untouched stores
 // nothing.
 bool shows_no_tax(const ScreenField& f) {
     return 請求ヘッダ.消費税表示区分 == 0 &&
-           (f.line_money == &LineRecord::請求消費税 || f.line_money == &LineRecord::仕入消費税);
+           (f.shows.line_money == &LineRecord::請求消費税 || f.shows.line_money == &LineRecord::仕入消費税);
 }
 
 void leave_line_figure(Control& c, const ScreenField& f) {
-    通貨& member = current_line().*f.line_money;
+    通貨& member = current_line().*f.shows.line_money;
     if (c.value == member || (shows_no_tax(f) && c.value.is_zero())) return;
     member = c.value;
     実行環境.入力変更あり = true;
-    for (const FigureSteps& s : figure_steps) {
-        if (s.figure != f.line_money) continue;
-        for (auto step : s.steps)
-            if (step) step(実行環境.現在行);
-    }
+    for (auto step : f.steps)
+        if (step) step(実行環境.現在行);
     合計計算();
     実行環境.案内メッセージ.clear();
     show_current_row();
@@ -176,14 +125,14 @@ bool in_list(int code, int base, const Control& combo) {
 }
 
 void change_head_digit(Control& c, const ScreenField& f) {
-    std::int16_t& member = 請求ヘッダ.*f.head_digit;
+    std::int16_t& member = 請求ヘッダ.*f.shows.head_digit;
     const int code = code_of(c, f);
     const Control& combo = c.kind == ControlKind::combo ? c : screen().*f.combo;
     if (code == member || !in_list(code, f.base, combo)) return;
     member = static_cast<std::int16_t>(code);
     実行環境.入力変更あり = true;
-    if (f.head_digit == &HeaderRecord::得意先消費税算出区分 ||
-        f.head_digit == &HeaderRecord::得意先消費税区分)
+    if (f.shows.head_digit == &HeaderRecord::得意先消費税算出区分 ||
+        f.shows.head_digit == &HeaderRecord::得意先消費税区分)
         全行税再計算();
     実行環境.案内メッセージ.clear();
     画面表示();
@@ -203,10 +152,10 @@ void change_line_kind(Control& c, const ScreenField& f) {
 }
 
 void change_line_check(const Control& c, const ScreenField& f) {
-    std::int16_t& member = current_line().*f.line_digit;
+    std::int16_t& member = current_line().*f.shows.line_digit;
     if (c.number == member) return;
     member = static_cast<std::int16_t>(c.number);
-    if (f.line_digit == &LineRecord::計区分) {
+    if (f.shows.line_digit == &LineRecord::計区分) {
         実行環境.入力変更あり = true;
         合計計算();
         show_current_row();
@@ -222,7 +171,7 @@ bool of_current_row(const Control& c) {
 }  // namespace
 
 void 項目離脱処理(Control& c, const ScreenField& f) {
-    if (f.rows && !of_current_row(c)) return;
+    if (f.control.rows && !of_current_row(c)) return;
     switch (f.store) {
         case Store::date_part:
             leave_date_part(c, f);
@@ -255,7 +204,7 @@ void 項目離脱処理(Control& c, const ScreenField& f) {
 }
 
 void 区分変更処理(Control& c, const ScreenField& f) {
-    if (f.rows && !of_current_row(c)) return;
+    if (f.control.rows && !of_current_row(c)) return;
     switch (f.store) {
         case Store::head_digit:
             change_head_digit(c, f);

@@ -2,6 +2,7 @@
 #include "events/focus.h"
 
 #include <algorithm>
+#include <ranges>
 
 #include "document/clearing.h"
 #include "screen/screen_display.h"
@@ -10,42 +11,14 @@
 namespace kalvane {
 namespace {
 
-EntryScreen& screen() {
-    return frmKalvaneInvoiceEntry;
-}
 bool is(const Control* a, const Control& b) {
     return a == &b;
 }
 
 // Display fields and master names are stepped over; the way depends on the field that was left.
-struct StepOver {
-    Control EntryScreen::*entered;
-    std::int16_t HeaderRecord::*only_when_zero;  // nullptr: always
-    Control EntryScreen::*before;                // coming from here the focus goes on, else back to here
-    Control EntryScreen::*after;
-};
-constexpr StepOver step_overs[] = {
-    {&EntryScreen::得意先名称A, &HeaderRecord::得意先名称入力区分, &EntryScreen::得意先コード,
-     &EntryScreen::御担当者名},
-    {&EntryScreen::得意先名称B, &HeaderRecord::得意先名称入力区分, &EntryScreen::得意先コード,
-     &EntryScreen::御担当者名},
-    {&EntryScreen::担当者名, nullptr, &EntryScreen::担当者コード, &EntryScreen::納品先コード},
-    {&EntryScreen::部門名, nullptr, &EntryScreen::部門コード, &EntryScreen::セクションコード},
-    {&EntryScreen::セクション名, nullptr, &EntryScreen::セクションコード, &EntryScreen::納品先コード},
-    {&EntryScreen::納品先名称A, &HeaderRecord::納品先名称入力区分, &EntryScreen::納品先コード,
-     &EntryScreen::タイトル},
-    {&EntryScreen::納品先名称B, &HeaderRecord::納品先名称入力区分, &EntryScreen::納品先コード,
-     &EntryScreen::タイトル},
-};
-
-Control* ヘッド飛先(const Control& field) {
-    for (const StepOver& s : step_overs) {
-        if (&field != &(screen().*s.entered)) continue;
-        if (s.only_when_zero && 請求ヘッダ.*s.only_when_zero != 0) return nullptr;
-        return is(実行環境.離脱コントロール, screen().*s.before) ? &(screen().*s.after)
-                                                                 : &(screen().*s.before);
-    }
-    return nullptr;
+Control* ヘッド飛先(const StepOver& s) {
+    if (!s.before || (s.unless && 請求ヘッダ.*s.unless != 0)) return nullptr;
+    return is(実行環境.離脱コントロール, screen().*s.before) ? &(screen().*s.after) : &(screen().*s.before);
 }
 
 bool arrived(const Control& field) {
@@ -54,11 +27,11 @@ bool arrived(const Control& field) {
 
 bool enter_head(Control& field, const ScreenField& f) {
     const int gap = head_gap();
-    if (gap != 0 && f.order > gap) {
+    if (gap != 0 && f.flow.order > gap) {
         ヘッド番号移動(gap);
         return true;
     }
-    if (Control* over = ヘッド飛先(field)) {
+    if (Control* over = ヘッド飛先(f.step_over)) {
         if (!arrived(*over)) ヘッド項目移動(*over);
         return true;
     }
@@ -96,11 +69,11 @@ bool enter_line(Control& field, const ScreenField& f) {
         if (field.page == 1)
             フォーカス設定(first_row_field(row, 1));
         else
-            明細番号移動(row, 1);
+            明細番号移動(row);
         return true;
     }
-    if (f.order > 1 && line_has_gap(実行環境.先頭行 + field.row)) {
-        明細番号移動(field.row, 1);
+    if (f.flow.order > 1 && line_has_gap(実行環境.先頭行 + field.row)) {
+        明細番号移動(field.row);
         return true;
     }
     if (!arrived(field)) 明細項目移動(field);
@@ -116,22 +89,14 @@ bool enter_tail(Control& field, const ScreenField& f) {
     r.現在行 = static_cast<std::int16_t>(r.先頭行 + r.現在画面行);
     スクロール設定();
     if (r.現在画面行 == 0 && line_has_gap(r.現在行)) {
-        明細番号移動(0, 1);
+        明細番号移動(0);
         return true;
     }
     // a total counts as the last remark
-    Control& target = f.head_money ? screen().請求伝票備考B : field;
+    Control& target = f.shows.head_money ? screen().請求伝票備考B : field;
     if (!arrived(target)) テイル項目移動(target);
     return !arrived(field);
 }
-
-// Last fields of a row from the end, and the one that takes the focus when none has a tab stop.
-constexpr RowControls EntryScreen::*last_fields[2][7] = {
-    {&EntryScreen::請求消費税, &EntryScreen::請求金額, &EntryScreen::請求単価, &EntryScreen::請求単位,
-     &EntryScreen::請求数量, &EntryScreen::商品名, nullptr},
-    {&EntryScreen::仕入消費税, &EntryScreen::仕入金額, &EntryScreen::仕入単価, &EntryScreen::仕入単位,
-     &EntryScreen::仕入数量, &EntryScreen::仕入先名称A, nullptr},
-};
 
 Control& in_row(RowControls EntryScreen::*field, int row) {
     return (screen().*field)[static_cast<std::size_t>(row)];
@@ -146,10 +111,9 @@ Control& first_row_field(int row, int page) {
 }
 
 Control& last_row_field(int row, int page) {
-    for (RowControls EntryScreen::*field : last_fields[page == 0 ? 0 : 1]) {
-        if (!field) break;
-        Control& c = in_row(field, row);
-        if (c.tab_stop && c.visible) return c;
+    for (const ScreenField& f : std::views::reverse(screen_fields())) {
+        if (f.flow.area != Area::lines || f.page != page) continue;
+        if (Control& c = *f.control.at(row); c.tab_stop && c.visible) return c;
     }
     return first_row_field(row, page);
 }
@@ -168,8 +132,8 @@ void ヘッド番号移動(int n) {
 void ヘッド項目移動(Control& field) {
     フォーカス設定(field);
 }
-void 明細番号移動(int row, int n) {
-    フォーカス設定(n == 1 ? in_row(&EntryScreen::行区分, row) : in_row(&EntryScreen::商品コード, row));
+void 明細番号移動(int row) {
+    フォーカス設定(in_row(&EntryScreen::行区分, row));
 }
 void 明細項目移動(Control& field) {
     フォーカス設定(field.visible ? field : first_row_field(field.row, field.page));
@@ -196,13 +160,13 @@ void 未入力項目移動(const Gap& gap) {
     r.先頭行 = static_cast<std::int16_t>(r.現在行 - r.現在画面行);
     行スクロール(r.先頭行);
     明細画面表示();
-    明細番号移動(r.現在画面行, 1);
+    明細番号移動(r.現在画面行);
 }
 
 bool 入力順序確認(Control& field) {
     const ScreenField* f = field_of(field);
     if (!f) return false;
-    switch (f->area) {
+    switch (f->flow.area) {
         case Area::head:
             return enter_head(field, *f);
         case Area::lines:

@@ -8,7 +8,7 @@ namespace kalvane {
 void フォーカス設定(Control& c);
 void ヘッド番号移動(int n);  // required head field 1 to 8
 void ヘッド項目移動(Control& field);
-void 明細番号移動(int row, int n);  // n 1 is 行区分
+void 明細番号移動(int row);         // 行区分 of the row
 void 明細項目移動(Control& field);  // a hidden field passes to the next usable one of its row
 void テイル項目移動(Control& field);
 // Back to the field that was left last.

@@ -11,9 +11,6 @@
 namespace kalvane {
 namespace {
 
-EntryScreen& screen() {
-    return frmKalvaneInvoiceEntry;
-}
 int page() {
     return screen().tab_詳細.number;
 }
@@ -35,7 +32,7 @@ bool left_was_row_field(std::initializer_list<RowControls EntryScreen::*> fields
 bool came_from_tail() {
     const Control* left = 実行環境.離脱コントロール;
     const ScreenField* f = left ? field_of(*left) : nullptr;
-    return f && f->area == Area::tail && left != &screen().営業請求メモ;
+    return f && f->flow.area == Area::tail && left != &screen().営業請求メモ;
 }
 
 void back_to_head() {
@@ -149,7 +146,7 @@ void 明細終了移動() {
     if (kept && r.現在行 != 0 && r.最終行 <= r.現在行)
         テイル項目移動(screen().請求伝票備考A);
     else
-        明細番号移動(r.現在画面行, 1);
+        明細番号移動(r.現在画面行);
 }
 
 void テイル終了到達(Control& sentinel) {

@@ -3,6 +3,6 @@
 
 namespace kalvane {
 
-void 一覧表示(Control&) {}
+void 一覧表示(ListWindow) {}
 
 }  // namespace kalvane

@@ -1,10 +1,10 @@
 // The search-and-pick windows.
 #pragma once
-#include "platform/screen/control.h"
+#include "screen/screen_model.h"
 
 namespace kalvane {
 
-// Opens the list that belongs to a field of the entry screen, modally. A field without one opens nothing.
-void 一覧表示(Control& field);
+// Opens the list, modally: what is picked goes into 一覧戻り先, the focus then to 一覧次項目.
+void 一覧表示(ListWindow window);
 
 }  // namespace kalvane

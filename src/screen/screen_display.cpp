@@ -14,10 +14,6 @@
 namespace kalvane {
 namespace {
 
-EntryScreen& screen() {
-    return frmKalvaneInvoiceEntry;
-}
-
 constexpr Colour untaxed_colour = RGB(0, 128, 128), tax_in_colour = RGB(128, 128, 255),
                  grey_area = RGB(224, 224, 224), pale_yellow_area = RGB(255, 255, 192);
 
@@ -41,76 +37,34 @@ Colour line_number_colour(int line) {
 }
 
 void show_head_field(const ScreenField& f) {
-    Control& c = screen().*f.one;
-    if (f.head_text) set_text(c, 請求ヘッダ.*f.head_text);
-    if (f.key_text) set_text(c, 実行環境.*f.key_text);
-    if (f.store == Store::head_check) set_number(c, 請求ヘッダ.*f.head_digit);
-    if (f.store != Store::head_digit) return;
-    int code = 請求ヘッダ.*f.head_digit;
+    Control& c = screen().*f.control.one;
+    if (f.shows.head_text) set_text(c, 請求ヘッダ.*f.shows.head_text);
+    if (f.shows.key_text) set_text(c, 実行環境.*f.shows.key_text);
+    if (f.step_over.unless) set_tab_stop(c, 請求ヘッダ.*f.step_over.unless != 0);
+    if (!f.shows.head_digit) return;
+    int code = 請求ヘッダ.*f.shows.head_digit;
+    if (f.kind == ControlKind::check) return set_number(c, code);
     // the document keeps a higher unit, the list ends at 2
-    if (f.head_digit == &HeaderRecord::得意先消費税算出区分 && code > 2) code = 2;
+    if (f.shows.head_digit == &HeaderRecord::得意先消費税算出区分 && code > 2) code = 2;
     if (f.kind == ControlKind::combo)
         set_list_index(c, code - f.base);
     else
         set_value(c, 通貨::whole(code));
 }
 
-bool is_head_row(const ScreenField& f) {
-    return f.one && f.area != Area::tail &&
-           (f.store == Store::date_part || f.store == Store::head_code || f.store == Store::head_text ||
-            f.store == Store::head_digit || f.store == Store::head_check ||
-            (f.area == Area::head && f.head_text));
-}
-
 void show_line_field(const ScreenField& f, Control& c, const LineRecord& l) {
-    if (f.line_text) set_text(c, l.*f.line_text);
-    if (f.line_money) set_value(c, l.*f.line_money);
-    if (!f.line_digit) return;
+    if (f.shows.line_text) set_text(c, l.*f.shows.line_text);
+    if (f.shows.line_money) set_value(c, l.*f.shows.line_money);
+    if (f.row_stop) set_tab_stop(c, f.row_stop(l));
+    if (!f.shows.line_digit) return;
+    const int digit = l.*f.shows.line_digit;
     if (f.kind == ControlKind::combo)
-        set_list_index(c, l.*f.line_digit);
+        set_list_index(c, digit);
     else if (f.kind == ControlKind::check)
-        set_number(c, l.*f.line_digit);
+        set_number(c, digit);
     else
-        set_value(c, 通貨::whole(l.*f.line_digit));
+        set_value(c, 通貨::whole(digit));
 }
-
-// Tab stops of a row by its kind: what an ordinary line and a total line stop at.
-struct RowStop {
-    RowControls EntryScreen::*field;
-    bool (*ordinary)(const LineRecord&);
-    bool total;
-};
-bool always(const LineRecord&) {
-    return true;
-}
-bool unit_is_typed(const LineRecord& l) {
-    return !(!l.商品コード.empty() && l.商品名称入力区分 == 0);
-}
-bool sale_amount_is_typed(const LineRecord& l) {
-    return l.請求数量.is_zero() || l.請求単価.is_zero();
-}
-bool purchase_amount_is_typed(const LineRecord& l) {
-    return l.仕入数量.is_zero() || l.仕入単価.is_zero();
-}
-bool never(const LineRecord&) {
-    return false;
-}
-constexpr RowStop row_stops[] = {
-    {&EntryScreen::商品コード, always, false},
-    {&EntryScreen::商品名, always, true},
-    {&EntryScreen::請求単位, unit_is_typed, false},
-    {&EntryScreen::請求数量, always, false},
-    {&EntryScreen::請求単価, always, false},
-    {&EntryScreen::仕入数量, always, false},
-    {&EntryScreen::仕入単価, always, false},
-    {&EntryScreen::仕入単位, always, false},
-    {&EntryScreen::仕入先コード, always, false},
-    {&EntryScreen::仕入先名称A, always, false},
-    {&EntryScreen::請求金額, sale_amount_is_typed, false},
-    {&EntryScreen::仕入金額, purchase_amount_is_typed, false},
-    {&EntryScreen::請求消費税, never, false},
-    {&EntryScreen::仕入消費税, never, false},
-};
 
 Colour amount_colour(int taxation) {
     return taxation == 1 ? untaxed_colour : window_text_colour;
@@ -158,10 +112,8 @@ void ヘッド画面表示() {
     const ProcessingGuard guard;
     EntryScreen& s = screen();
     for (const ScreenField& f : screen_fields())
-        if (is_head_row(f)) show_head_field(f);
+        if (f.control.one && f.flow.area != Area::tail) show_head_field(f);
     set_caption(s.btn_連番タイプ, numbering_caption(実行環境.連番タイプ));
-    for (Control* c : {&s.得意先名称A, &s.得意先名称B}) set_tab_stop(*c, 請求ヘッダ.得意先名称入力区分 != 0);
-    for (Control* c : {&s.納品先名称A, &s.納品先名称B}) set_tab_stop(*c, 請求ヘッダ.納品先名称入力区分 != 0);
     enable(!実行環境.新規入力中, {&EntryScreen::売上完了区分, &EntryScreen::売上完了区分名称});
     set_visible(s.itm_ttl_仕入商品, !実行環境.仕入先表示);
     set_visible(s.itm_ttl_仕入先, 実行環境.仕入先表示);
@@ -181,7 +133,7 @@ void 明細行表示(int line, int row) {
     set_caption(s.Lab_行No[r], std::to_string(line + 1));
     set_fore(s.Lab_行No[r], line_number_colour(line));
     for (const ScreenField& f : screen_fields())
-        if (f.rows) show_line_field(f, (s.*f.rows)[r], l);
+        if (f.control.rows) show_line_field(f, *f.control.at(row), l);
     set_visible(s.仕入商品名[r], !実行環境.仕入先表示);
     for (RowControls EntryScreen::*c :
          {&EntryScreen::btn_仕入先コード, &EntryScreen::仕入先コード, &EntryScreen::仕入先名称A})
@@ -197,21 +149,19 @@ void 明細行表示(int line, int row) {
     set_fore(s.仕入消費税[r], tax_colour(l.仕入消費税区分));
     const int unit = 請求ヘッダ.得意先消費税算出区分;
     set_input_area(s.請求消費税[r], unit == 2 ? grey_area : unit == 3 ? pale_yellow_area : window_colour);
-    for (const RowStop& stop : row_stops)
-        set_tab_stop((s.*stop.field)[r], l.行区分 == 1 ? stop.ordinary(l) : l.行区分 >= 2 && stop.total);
 }
 
 void テイル画面表示() {
     const ProcessingGuard guard;
-    EntryScreen& s = screen();
     for (const ScreenField& f : screen_fields()) {
-        if (f.area != Area::tail) continue;
-        if (f.head_text) set_text(s.*f.one, 請求ヘッダ.*f.head_text);
-        if (!f.head_money) continue;
-        const bool is_tax =
-            f.head_money == &HeaderRecord::請求消費税合計 || f.head_money == &HeaderRecord::仕入消費税合計;
+        if (f.flow.area != Area::tail) continue;
+        Control& c = screen().*f.control.one;
+        if (f.shows.head_text) set_text(c, 請求ヘッダ.*f.shows.head_text);
+        const auto money = f.shows.head_money;
+        if (!money) continue;
+        const bool is_tax = money == &HeaderRecord::請求消費税合計 || money == &HeaderRecord::仕入消費税合計;
         const bool shown = 請求ヘッダ.合計表示区分 != 0 && (!is_tax || 請求ヘッダ.消費税表示区分 != 0);
-        set_value(s.*f.one, shown ? 請求ヘッダ.*f.head_money : 通貨());
+        set_value(c, shown ? 請求ヘッダ.*money : 通貨());
     }
 }
 

@@ -1,11 +1,12 @@
-// The entry screen's controls and the one table that makes them: area and order of the focus flow, tab
-// index, length, mask, input mode, and the member of the document that a field shows.
+// The entry screen's controls and the one table that makes them: what a field shows and stores, its place in
+// the tab order and in the focus flow, what may be typed, its look-up, its list and its caption.
 //
-// How to add a field: add its control to EntryScreen, a row to screen_fields where it stands in the tab
+// How to add a field: add its control to EntryScreen, a row to screen_fields.cpp where it stands in the tab
 // order, and, when it is stored, its column (records/columns.h); the displays and events follow the row.
 #pragma once
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -60,6 +61,9 @@ struct EntryScreen : Form {
     Control prg_ttl, お知らせ, manualpanel;
 };
 inline EntryScreen frmKalvaneInvoiceEntry;
+inline EntryScreen& screen() {
+    return frmKalvaneInvoiceEntry;
+}
 
 // Areas of the focus flow.
 enum class Area : std::int8_t { none = 0, head = 1, lines = 2, tail = 3 };
@@ -82,7 +86,6 @@ enum class Store : std::int8_t {
 // Decimals and integer digits of a figure.
 enum class Figure : std::int8_t {
     none,
-    code,
     quantity_sale,
     price_sale,
     quantity_purchase,
@@ -90,23 +93,54 @@ enum class Figure : std::int8_t {
     amount
 };
 
-struct ScreenField {
-    std::string_view name;
+// The list windows that a field of the screen opens.
+enum class ListWindow : std::int8_t {
+    none,
+    wnd営業請求No一覧,
+    wnd営業見積No一覧,
+    wnd顧客注文No一覧,
+    wnd営業納品No一覧,
+    wnd得意先一覧,
+    wnd得意先御担当者一覧,
+    wnd担当者一覧,
+    wnd部門一覧,
+    wndセクション一覧,
+    wnd納品先一覧,
+    wnd仕入先一覧,
+    wnd商品一覧,
+    wnd営業請求タイトル一覧,
+    wnd営業請求条件一覧,
+    wnd請求得意先名一覧,
+    wnd請求納品先名一覧,
+    wnd請求商品名一覧,
+    wnd請求仕入先名一覧,
+};
+
+// A control of the screen: one that stands alone, or the ten of the rows.
+struct ControlRef {
     Control EntryScreen::*one = nullptr;
     RowControls EntryScreen::*rows = nullptr;
-    ControlKind kind = ControlKind::xField;
-    int tab_index = 0;  // of row 0; the next rows follow at row_step
-    bool tab_stop = false;
-    int page = -1;
-    Area area = Area::none;
-    int order = 0;
-    int max_length = 0;
-    const char* mask = "";
-    InputMode mode = InputMode::none;
-    Store store = Store::none;
-    Figure figure = Figure::none;
-    const char* caption = "";
-    int function_key = 0;
+
+    constexpr ControlRef() = default;
+    constexpr ControlRef(Control EntryScreen::*control) : one(control) {}
+    constexpr ControlRef(RowControls EntryScreen::*controls) : rows(controls) {}
+    friend constexpr bool operator==(const ControlRef&, const ControlRef&) = default;
+    constexpr explicit operator bool() const { return one || rows; }
+
+    // The control of that row, or the one alone whatever the row. nullptr when there is none.
+    Control* at(int row) const {
+        if (one) return &(screen().*one);
+        if (!rows || row < 0 || row >= screen_rows) return nullptr;
+        return &(screen().*rows)[static_cast<std::size_t>(row)];
+    }
+    std::span<Control> all() const {
+        if (one) return {&(screen().*one), 1};
+        return rows ? std::span<Control>(screen().*rows) : std::span<Control>();
+    }
+};
+
+// The member of the document that a field shows: none, or one of these.
+struct Shown {
     std::string HeaderRecord::*head_text = nullptr;
     std::int16_t HeaderRecord::*head_digit = nullptr;
     通貨 HeaderRecord::*head_money = nullptr;
@@ -114,21 +148,72 @@ struct ScreenField {
     std::string LineRecord::*line_text = nullptr;
     std::int16_t LineRecord::*line_digit = nullptr;
     通貨 LineRecord::*line_money = nullptr;
-    Control EntryScreen::*combo = nullptr;  // names of a head 区分
-    int base = 0;                           // code of the combo's first entry
-    bool limit_notice = false;              // says while typing how far the text is too long
+
+    constexpr Shown() = default;
+    constexpr Shown(std::string HeaderRecord::*member) : head_text(member) {}
+    constexpr Shown(std::int16_t HeaderRecord::*member) : head_digit(member) {}
+    constexpr Shown(通貨 HeaderRecord::*member) : head_money(member) {}
+    constexpr Shown(std::string RunContext::*member) : key_text(member) {}
+    constexpr Shown(std::string LineRecord::*member) : line_text(member) {}
+    constexpr Shown(std::int16_t LineRecord::*member) : line_digit(member) {}
+    constexpr Shown(通貨 LineRecord::*member) : line_money(member) {}
+};
+
+struct TabPlace {
+    int index = 0;  // of row 0; the next rows follow at row_step
+    bool stop = false;
+};
+struct Flow {
+    Area area = Area::none;
+    int order = 0;
+};
+struct Input {
+    InputMode mode = InputMode::none;
+    int max_length = 0;
+    const char* mask = "";
+    bool limit_notice = false;  // says while typing how far the text is too long
+};
+// A field that the focus steps over: coming from `before` it goes on to `after`, else back to `before`.
+struct StepOver {
+    Control EntryScreen::*before = nullptr;
+    Control EntryScreen::*after = nullptr;
+    std::int16_t HeaderRecord::*unless = nullptr;  // entered as others are while this is not 0
+};
+// The list that a field opens, where the focus goes after a pick, and the button that opens it too.
+struct ListLink {
+    ListWindow window = ListWindow::none;
+    ControlRef next = {};
+    ControlRef button = {};
+};
+
+struct ScreenField {
+    std::string_view name;
+    ControlRef control = {};
+    Shown shows = {};
+    ControlKind kind = ControlKind::xField;
+    const char* caption = "";
+    int function_key = 0;
+    TabPlace tab = {};
+    int page = -1;
+    Flow flow = {};
+    Input input = {};
+    Store store = Store::none;
+    Figure figure = Figure::none;
+    Control EntryScreen::*combo = nullptr;          // names of a head 区分
+    int base = 0;                                   // code of the combo's first entry
+    bool (*look_up)(const std::string&) = nullptr;  // decides on the text of a code that was left
+    bool loads = false;                             // … and reads a document by it
+    std::array<void (*)(int), 5> steps = {};        // what follows a changed figure of line i, in order
+    bool (*row_stop)(const LineRecord&) = nullptr;  // whether Tab stops in a row of that line; else never
+    StepOver step_over = {};
+    ListLink list = {};
+    Control EntryScreen::*panel = nullptr;  // caption whose click asks for the field
 };
 
 inline constexpr int row_step = 20;
 
-// All fields, and the row of a control (nullptr for a control that is no field).
-struct FieldTable {
-    const ScreenField* begin_;
-    const ScreenField* end_;
-    const ScreenField* begin() const { return begin_; }
-    const ScreenField* end() const { return end_; }
-};
-FieldTable screen_fields();
+// All rows in the tab order, and the row of a control (nullptr for one that is not the screen's).
+std::span<const ScreenField> screen_fields();
 const ScreenField* field_of(const Control& c);
 
 // Makes the controls; again for a fresh run. Events are set by the floors above.

@@ -15,10 +15,6 @@ namespace {
 
 using test::Seat;
 
-EntryScreen& screen() {
-    return frmKalvaneInvoiceEntry;
-}
-
 class Dice {
   public:
     explicit Dice(unsigned seed) : engine_(seed) {}
@@ -134,8 +130,10 @@ Complaint focus() {
     if (active->name.ends_with("終了") && !active->name.starts_with("btn_"))
         return "focus kept by " + active->name;
     const ScreenField* f = field_of(*active);
-    if (f && f->area == Area::lines && active->row != 実行環境.現在画面行) return "focus off the current row";
-    if (f && f->area != Area::none && head_gap() != 0 && (f->area != Area::head || f->order > head_gap()))
+    if (f && f->flow.area == Area::lines && active->row != 実行環境.現在画面行)
+        return "focus off the current row";
+    if (f && f->flow.area != Area::none && head_gap() != 0 &&
+        (f->flow.area != Area::head || f->flow.order > head_gap()))
         return "focus behind the gap in " + active->name;
     return "";
 }
@@ -174,28 +172,29 @@ bool safe_code(const std::string& text) {
 // Texts are whole characters within their limits, and what the controls show is what the document holds.
 Complaint texts() {
     for (const ScreenField& f : screen_fields()) {
-        if (f.head_text) {
-            const Control& c = screen().*f.one;
-            const std::string& held = 請求ヘッダ.*f.head_text;
+        if (f.shows.head_text) {
+            const Control& c = *f.control.at(-1);
+            const std::string& held = 請求ヘッダ.*f.shows.head_text;
             if (!safe(held)) return "bytes in " + c.name;
             if (f.store == Store::head_code && !safe_code(held)) return "code in " + c.name;
-            if (f.store == Store::head_text && f.max_length > 0 &&
-                ByteLen(held) > static_cast<std::size_t>(f.max_length))
+            if (f.store == Store::head_text && f.input.max_length > 0 &&
+                ByteLen(held) > static_cast<std::size_t>(f.input.max_length))
                 return "length of " + c.name;
             if (screen().active != &c && c.text != held) return c.name + " shows " + c.text + " for " + held;
         }
-        if (!f.rows) continue;
+        if (!f.control.rows) continue;
         for (int row = 0; row < screen_rows; ++row) {
-            const Control& c = (screen().*f.rows)[static_cast<std::size_t>(row)];
+            const Control& c = *f.control.at(row);
             const LineRecord& l = 請求明細行[実行環境.先頭行 + row];
-            if (f.line_text && !safe(l.*f.line_text)) return "bytes in " + c.name;
-            if (f.store == Store::line_code && !safe_code(l.*f.line_text)) return "code in " + c.name;
+            if (f.shows.line_text && !safe(l.*f.shows.line_text)) return "bytes in " + c.name;
+            if (f.store == Store::line_code && !safe_code(l.*f.shows.line_text)) return "code in " + c.name;
             if (screen().active == &c) continue;
-            if (f.line_text && c.text != l.*f.line_text)
+            if (f.shows.line_text && c.text != l.*f.shows.line_text)
                 return c.name + std::to_string(row) + " shows " + c.text;
             // sums and taxes of rows that were not drawn may lag behind
-            const bool own = f.line_money == &LineRecord::請求数量 || f.line_money == &LineRecord::請求単価;
-            if (own && l.行区分 == 1 && c.value != l.*f.line_money) return c.name + std::to_string(row);
+            const bool own =
+                f.shows.line_money == &LineRecord::請求数量 || f.shows.line_money == &LineRecord::請求単価;
+            if (own && l.行区分 == 1 && c.value != l.*f.shows.line_money) return c.name + std::to_string(row);
         }
     }
     return "";

@@ -26,11 +26,11 @@ std::string_view column_name(const ScreenField& f) {
 
 std::string_view column_of(const ScreenField& f) {
     for (const HeaderColumn& c : header_columns)
-        if (c.field.is(f.key_text) || c.field.is(f.head_text) || c.field.is(f.head_digit) ||
-            c.field.is(f.head_money))
+        if (c.field.is(f.shows.key_text) || c.field.is(f.shows.head_text) || c.field.is(f.shows.head_digit) ||
+            c.field.is(f.shows.head_money))
             return c.field.column;
     for (const LineColumn& c : line_columns)
-        if (c.field.is(f.line_text) || c.field.is(f.line_digit) || c.field.is(f.line_money))
+        if (c.field.is(f.shows.line_text) || c.field.is(f.shows.line_digit) || c.field.is(f.shows.line_money))
             return c.field.column;
     return "";
 }
@@ -42,7 +42,9 @@ TEST(画面表, StoredFieldsStandInTheColumnsUnderTheirName) {
         "chb_複写区分",   "仕入商品名",     "chb_KalvaneEnvelopePrint"};
     int stored = 0;
     for (const ScreenField& f : screen_fields()) {
-        if ((f.store == Store::none && !f.head_money) || std::ranges::count(without_column, f.name)) continue;
+        EXPECT_EQ(f.look_up != nullptr, f.store == Store::head_code || f.store == Store::line_code) << f.name;
+        if ((f.store == Store::none && !f.shows.head_money) || std::ranges::count(without_column, f.name))
+            continue;
         EXPECT_EQ(column_of(f), column_name(f)) << f.name;
         ++stored;
     }
