@@ -75,24 +75,6 @@ TEST_F(ファイル, フォルダ作成の失敗) {
     EXPECT_EQ(folders(), "");
 }
 
-// What the layer below throws is told by the result.
-TEST_F(ファイル, 存在と複写と削除) {
-    folder.write("a/f.txt", "1");
-    folder.write("target.txt", "old");
-    const auto p = [this](const char* name) { return folder.program(name); };
-    EXPECT_TRUE(ファイル存在確認(p("A/F.TXT")) && フォルダ存在確認(p("a")));
-    EXPECT_FALSE(ファイル存在確認(p("a")) || フォルダ存在確認(p("a/f.txt")) || ファイル存在確認("") ||
-                 フォルダ存在確認(""));
-    EXPECT_TRUE(ファイル複写(p("a/f.txt"), p("target.txt")) && フォルダ複写(p("a"), p("c")) &&
-                フォルダ複写(p("a"), p("c")));
-    EXPECT_EQ(folder.read("target.txt") + folder.read("c/f.txt"), "11");
-    EXPECT_FALSE(ファイル複写(p("none"), p("target.txt")) || ファイル複写(p("a/f.txt"), p("none/x")) ||
-                 フォルダ複写(p("none"), p("d")));
-    EXPECT_TRUE(フォルダ削除(p("c")) && !folder.holds("c"));
-    EXPECT_FALSE(フォルダ削除(p("c")) || フォルダ削除(p("target.txt")));
-    EXPECT_EQ(boxes, std::vector<std::string>{});
-}
-
 TEST_F(ファイル, 文字列の終端) {
     using namespace std::string_literals;
     EXPECT_EQ(文字列終端切詰("name\0   "s) + "|" + 文字列終端切詰("a\0b\0"s), "name|a");

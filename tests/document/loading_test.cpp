@@ -303,23 +303,5 @@ TEST_F(読込, 九百九十九行) {
     EXPECT_EQ(請求明細行[997].商品名 + 請求明細行[998].商品名, "L999");  // the clear ends before it
 }
 
-// One stored line into a row: a new line, with its memo, its prices derived again; and one that is gone.
-TEST_F(読込, 一行の読込) {
-    lay_full_header(at, stored, "00000007");
-    lay_two_lines(at, stored, "00000007");
-    Seat seat(at);
-    請求ヘッダ.得意先消費税丸め方法 = 5;
-    実行環境.最終行 = 2;
-    for (int i : {1, 2}) set("営業請求固有行No=005 登録日付=20240101", i);
-    営業請求行読込(2, "000", "99999999", "00000007", "001");
-    // 3 at 91, its tax-out price; against 3 at 45
-    EXPECT_EQ(values(line_figures, 2), "Q1,品一,3,箱,91,273,27,0,1,000333,,仕先,3,組,45,135,14,0,1");
-    EXPECT_EQ(values(line_settings, 2), "1,1,0,1,3,9,1,1,1,91,45,101,51");
-    EXPECT_EQ(values(line_own, 2), ",0,0,0,0,0,0,0,,内,,,,,");
-    EXPECT_TRUE(実行環境.入力変更あり);
-    営業請求行読込(1, "000", "99999999", "00000007", "009");
-    EXPECT_EQ(values("営業請求固有行No 商品名 登録日付", 1), "005,,20240101");
-}
-
 }  // namespace
 }  // namespace kalvane

@@ -1,39 +1,10 @@
-// Scripts on an installation: every one of tests/scripts, each on the demonstration as it was made.
-#include <set>
-#include <sstream>
-
+// The statements of a script, on an installation.
 #include "operator/operator.h"
-#include "operator/script.h"
 #include "support/seat.h"
 #include "support/table.h"
 
 namespace kalvane {
 namespace {
-
-std::set<std::string> script_names() {
-    std::set<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(KALVANE_SCRIPTS))
-        if (entry.path().extension() == ".script") names.insert(entry.path().stem());
-    return names;
-}
-
-class Scripts : public testing::TestWithParam<std::string> {};
-
-TEST_P(Scripts, Holds) {
-    static const test::Installation demonstration;
-    demonstration.restore();
-    ScriptRun run;
-    run.file = std::string(KALVANE_SCRIPTS) + "/" + GetParam() + ".script";
-    run.text = script::read_script(run.file);
-    run.program_path = demonstration.root() + "/prgbin/KalvaneInvoiceEntry";
-    std::ostringstream out, err;
-    EXPECT_EQ(run_script(run, out, err), script_held) << out.str() << err.str();
-}
-
-INSTANTIATE_TEST_SUITE_P(Road, Scripts, testing::ValuesIn(script_names()),
-                         [](const auto& script) { return script.param; });
-
-// --- the statements of a script
 
 struct Databases : testing::Test {
     test::Installation at{setup::Content::empty};

@@ -144,17 +144,6 @@ TEST(Connection, WaitsForALock) {
     holder.join();
 }
 
-TEST(Connection, ForcingLogsTakesEveryOpenConnection) {
-    Database db(numbered(1));
-    ado::Connection second;
-    second.Open(connection_text(db.folder));
-    db.program.Execute("INSERT INTO N VALUES (2, 'a')");
-    second.Execute("INSERT INTO N VALUES (3, 'b')");
-    db.owner.Close();
-    for (int i = 0; i < 2; ++i) ado::force_logs();
-    EXPECT_EQ(rows_of(second, "SELECT COUNT(*) FROM N"), "3");
-}
-
 // --- results
 
 // Reads on until a failure; the number of rows that were moved to.
@@ -263,16 +252,6 @@ TEST(Recordset, OutlivesItsConnection) {
     longer.Close();
     db.program.Open(connection_text(db.folder));
     EXPECT_EQ(rows_of(db.program, "SELECT COUNT(*) FROM N"), "3000");
-}
-
-TEST(Recordset, MovesWithItsPlace) {
-    Database db(numbered(2000));
-    ado::Recordset rs;
-    rs.Open("SELECT i FROM N ORDER BY i", db.program);
-    ado::Recordset other(std::move(rs));
-    EXPECT_TRUE(!rs.is_open() && rs.Eof() && rs.Bof());
-    other.MoveNext();
-    EXPECT_EQ(other.at(0).text(), "2");
 }
 
 // Small questions are kept prepared: none of them may see old rows, old columns or another's place.

@@ -142,13 +142,6 @@ TEST_F(NumberAllocation, BoxesOfAMissingSeries) {
             EXPECT_EQ(routine(id, date, site), "00000000");
             EXPECT_EQ(boxes, Texts(2, fault));
         }
-    boxes.clear();
-    EXPECT_EQ(次番号参照全社(id, date) + 番号採番全社(id, date) + 履歴番号採番全社(id, date),
-              "000000000000000000000000");
-    EXPECT_EQ(次番号参照事業所別(id, date, site) + 番号採番事業所別(id, date, site) +
-                  履歴番号採番事業所別(id, date, site),
-              "000000000000000000000000");
-    EXPECT_EQ(boxes, Texts(6, fault));
     EXPECT_EQ(value("SELECT COUNT(*) FROM A期日別番号情報"), "0");
 }
 
@@ -161,20 +154,6 @@ TEST_F(NumberAllocation, AFailingStatementIsNotSeen) {
     failing = "SELECT";
     EXPECT_EQ(番号採番("16240", "99999999", "000"), "00000000");
     EXPECT_EQ(番号基準日付取得("16240", "20240515"), "");
-}
-
-// By the kinds of counter row; the dated one of a site never, and none for a series that is not there.
-TEST_F(NumberAllocation, RowsAreMadeOnce) {
-    series("'1'", "'00000000'");
-    for (const char* id : {"16240", "16240", "00000"}) {
-        期日別番号行作成(id, "20240331");
-        事業所別番号行作成(id, "001");
-        事業所別期日別番号行作成(id, "20240331", "001");
-    }
-    std::string rows;
-    for (const Counter& c : {dated, of_site, dated_of_site}) rows += value("SELECT COUNT(*) FROM " + c.table);
-    EXPECT_EQ(rows, "110");
-    EXPECT_EQ(error_rows(), "3");
 }
 
 TEST_F(NumberAllocation, 更新プログラム起動) {

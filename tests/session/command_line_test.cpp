@@ -32,14 +32,6 @@ TEST(コマンドライン, 切出) {
     }
 }
 
-TEST(コマンドライン, キーの位置) {
-    const auto cut = [](int at) {
-        const auto key = 伝票キー切出("001202404010000001200220240402000000AB003", at);
-        return key.事業所コード + "," + key.番号基準日付 + "," + key.No;
-    };
-    EXPECT_EQ(cut(20) + " " + cut(39) + " " + cut(77), "002,20240402,000000AB 003,, ,,");
-}
-
 // Whatever stands on it, the program starts with a new document of its own site, and the run history tells
 // what it was.
 TEST(コマンドライン, 異様な文字列) {

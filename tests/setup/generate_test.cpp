@@ -51,48 +51,5 @@ TEST(Generate, KeepsCountersAndTotalsInStep) {
         EXPECT_EQ(Replace(demo.main("SELECT " + r[0]), "|", ","), r[1]) << r[0];
 }
 
-TEST(Generate, FollowsItsSeed) {
-    const auto rows = [](int seed) {
-        const Company demo;
-        EXPECT_EQ(generate(demo, 20, 2, seed).status, 0);
-        return demo.main("SELECT * FROM T営業請求") + demo.main("SELECT * FROM T営業請求明細");
-    };
-    const std::string first = rows(1);
-    EXPECT_EQ(first, rows(1));
-    EXPECT_NE(first, rows(2));
-    EXPECT_EQ(first.find("NULL"), std::string::npos);
-}
-
-// A failing statement takes its batch back: what stands is whole, and the counter with it.
-TEST(Generate, FailureLeavesWholeBatches) {
-    const Company demo;
-    ado::hook.before = [](const ado::Connection&, std::string_view sql) {
-        if (sql.starts_with("UPDATE A番号情報")) throw ado::Error(13, "disk full");
-    };
-    const auto failed = generate(demo, 10, 1, 1);
-    ado::hook = {};
-    EXPECT_EQ(failed.status, 1);
-    EXPECT_NE(failed.err.find("disk full"), std::string::npos) << failed.err;
-    EXPECT_EQ(demo.main("SELECT COUNT(*) FROM T営業請求"), "0");
-    EXPECT_EQ(generate(demo, 10, 1, 1).status, 0);
-    EXPECT_EQ(demo.main("SELECT COUNT(*) FROM T営業請求"), "10");
-}
-
-TEST(Generate, RefusesWhatItCannotNumber) {
-    EXPECT_EQ(generate(Installation(setup::Content::empty), 1, 1, 1).status, 1);  // no customer
-    const Company demo;
-    for (const char* change :
-         {"UPDATE A番号情報 SET 連番種類 = '1'", "UPDATE Mユーザ SET 伝票番号管理区分 = '1'",
-          "UPDATE A番号情報 SET 連番 = '99999999'"}) {
-        demo.main(change);
-        EXPECT_EQ(generate(demo, 1, 1, 1).status, 1) << change;
-        demo.main("UPDATE A番号情報 SET 連番種類 = '0', 連番 = '00000000'");
-        demo.main("UPDATE Mユーザ SET 伝票番号管理区分 = '0'");
-    }
-    EXPECT_EQ(generate(demo, 1, 1, 1).status, 0);
-    demo.config("UPDATE セットアップ情報 SET 版 = '0'");
-    EXPECT_EQ(generate(demo, 1, 1, 1).status, 1);
-}
-
 }  // namespace
 }  // namespace kalvane

@@ -1,8 +1,5 @@
-// The schema against the column tables.
-#include <algorithm>
-
+// Columns that others name, keys, and the indexes that answer.
 #include "installation.h"
-#include "records/columns.h"
 #include "support/table.h"
 
 namespace kalvane {
@@ -31,27 +28,6 @@ TEST(Schema, HoldsTheColumnsThatOthersName) {
                                  "コード, 略称, カナ, 電話, 電話番号, 郵便番号, 住所A, 住所B, 住所C, "
                                  "担当者コード, 名称A, 名称B, 取引状況区分"}}))
         EXPECT_NO_THROW(rows_of(main, "SELECT " + r[1] + " FROM " + r[0])) << r[0];
-}
-
-template <class Columns>
-void expect_columns(const char* table, std::size_t count, const Columns& columns) {
-    const auto& definition = setup::schema_table(table).columns;
-    EXPECT_EQ(definition.size(), count) << table;
-    for (const auto& column : columns) {
-        const auto at = std::find_if(definition.begin(), definition.end(),
-                                     [&column](const auto& d) { return d.name == column.field.column; });
-        ASSERT_NE(at, definition.end()) << table << " " << column.field.column;
-        // bare numbers need a numeric column, quoted values a text one
-        EXPECT_EQ(at->type == setup::ColumnType::number, !is_quoted(column.kind))
-            << table << " " << column.field.column;
-    }
-}
-
-TEST(Schema, HoldsTheInvoiceColumns) {
-    expect_columns("T営業請求", 61, header_columns);
-    expect_columns("R営業請求", 63, header_columns);
-    expect_columns("T営業請求明細", 61, line_columns);
-    expect_columns("R営業請求明細", 63, line_columns);
 }
 
 TEST(Schema, OnlyKeysAreNotNullAndNothingHasADefault) {

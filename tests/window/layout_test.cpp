@@ -79,39 +79,6 @@ TEST(EntryLayout, HeadingsStandClearOfEachOtherAndOfTheRows) {
     EXPECT_EQ(pages[1].size(), 5u);
 }
 
-TEST(EntryLayout, AScreenReaderHearsCaptionAndLine) {
-    reset_run();
-    EntryScreen& s = frmKalvaneInvoiceEntry;
-    const Layout& layout = *layout_of(s.name);
-    set_caption(s.Lab_行No[3], "14");
-    const auto spoken = [&](const Control& c) { return spoken_name(s, c, place_of(layout, c.name)); };
-    EXPECT_EQ(spoken(s.得意先コード), "得意先");
-    EXPECT_EQ(spoken(s.営業請求日付月), "請求日付 月");
-    EXPECT_EQ(spoken(s.商品コード[3]), "商品コード 14");
-    EXPECT_EQ(spoken(s.chb_計区分[3]), "計区分 14");
-    EXPECT_EQ(spoken(s.仕入先名称A[3]), "仕入先 14");
-    EXPECT_EQ(spoken(s.btn_登録), "登録");
-    for (const Control* c : s.controls) EXPECT_NE(spoken(*c), "") << c->name;
-}
-
-TEST(SaveLayout, AnEmptyMessageTakesNoRoom) {
-    Form form;
-    std::array<Control, 3> parts;
-    form.name = "msg印刷確認";
-    add_control(form, parts[0], ControlKind::label, "lab_inpmsg").caption = "他の請求に参照済です。";
-    add_control(form, parts[1], ControlKind::label, "lab_msg").caption = "修正します。よろしいですか？";
-    add_control(form, parts[2], ControlKind::SSCommand, "btn_登録");
-    const Arrangement full = arrange(form);
-    parts[0].caption.clear();
-    const Arrangement folded = arrange(form);
-    const int room = full.height - folded.height;
-    EXPECT_GE(room, full.controls[0].at.h);
-    for (const std::size_t below : {1u, 2u})
-        EXPECT_EQ(full.controls[below].at.y - folded.controls[below].at.y, room);
-    expect_clear(full);
-    EXPECT_GE(folded.controls[1].at.y, 0);
-}
-
 TEST(FlowLayout, AListWindowNeedsNoTable) {
     Form form;
     std::vector<Control> parts(24);
