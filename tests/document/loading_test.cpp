@@ -63,6 +63,21 @@ TEST_F(読込, 請求の全項目) {
     EXPECT_EQ(請求ヘッダ.営業請求日付年 + "/" + 請求ヘッダ.営業請求日付月 + "/" + 請求ヘッダ.営業請求日付日,
               "2024/04/10");
     EXPECT_EQ(請求ヘッダ.最終固有行No, 2);
+    // each value stands in the field that is named after its column
+    const auto shown = [&](const auto& columns, const std::string& table, int row) {
+        int fields = 0;
+        for (const auto& c : columns) {
+            const Control* field = find_control(seat.screen(), c.field.column, row);
+            if (!field || contains(written_anew, " " + std::string(c.field.column) + " ")) continue;
+            ++fields;
+            EXPECT_EQ(field->kind == ControlKind::xNum ? plain_number(field->value) : field->text,
+                      at.main("SELECT " + std::string(c.field.column) + " FROM " + table))
+                << c.field.column;
+        }
+        return fields;
+    };
+    EXPECT_EQ(shown(header_columns, "T営業請求", -1), 26);
+    EXPECT_EQ(shown(line_columns, "T営業請求明細 WHERE 営業請求行No = '001'", 0), 15);
     dispatch([] { 登録処理(); });
     EXPECT_EQ(rows(), before);
     EXPECT_EQ(at.main("SELECT 登録日付 FROM T営業請求"), "20240411 093000");

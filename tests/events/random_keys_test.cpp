@@ -187,6 +187,9 @@ Complaint texts() {
             const Control& c = *f.control.at(row);
             const LineRecord& l = 請求明細行[実行環境.先頭行 + row];
             if (f.shows.line_text && !safe(l.*f.shows.line_text)) return "bytes in " + c.name;
+            if (f.store == Store::line_text &&
+                ByteLen(l.*f.shows.line_text) > static_cast<std::size_t>(f.input.max_length))
+                return "length of " + c.name;
             if (f.store == Store::line_code && !safe_code(l.*f.shows.line_text)) return "code in " + c.name;
             if (screen().active == &c) continue;
             if (f.shows.line_text && c.text != l.*f.shows.line_text)

@@ -1,11 +1,12 @@
-// The table of the entry screen against the columns of the document, and states of the screen that the keys
-// do not reach.
+// What the fields of the entry screen take, and states of the screen that the keys do not reach.
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <map>
+#include <set>
+#include <sstream>
 
+#include "base/format.h"
 #include "document/clearing.h"
-#include "records/columns.h"
 #include "screen/screen_display.h"
 #include "support/members.h"
 #include "support/seat.h"
@@ -14,43 +15,53 @@
 namespace kalvane {
 namespace {
 
-// The column that a field of the screen is named after: without the prefix of a check box, and without what
-// the list of names beside a code adds.
-std::string_view column_name(const ScreenField& f) {
-    std::string_view name = f.name;
-    if (name.starts_with("chb_")) name.remove_prefix(4);
-    constexpr std::string_view names = "名称";
-    if (f.kind == ControlKind::combo) name.remove_suffix(names.size());
-    return name;
+// What each field takes, and its bytes; a code its limits, a figure its digits before the point and behind
+// it, in a company whose four decimals are 1 to 4.
+const auto inputs = test::table(R"(
+    digits|営業請求日付年 4 営業請求日付月 2 営業請求日付日 2 営業請求No 8 営業見積No 8 顧客注文No 8 営業納品No 8 \
+      参照営業請求No 8 得意先御担当者コード 5 担当者コード 5 部門コード 3 セクションコード 3
+    code|得意先コード 8 納品先コード 8 商品コード 16 仕入先コード 8
+    japanese|得意先名称A 32 得意先名称B 32 御担当者名 40 納品先名称A 32 納品先名称B 32 タイトル 60 支払条件 60 商品名 60 \
+      請求単位 4 仕入先名称A 40 仕入単位 4 請求伝票備考A 60 請求伝票備考B 60 営業請求メモ 0
+    none|担当者名 40 部門名 40 セクション名 40 仕入商品名 60
+    number|得意先消費税算出区分 0-2 得意先消費税区分 1-2 消費税表示区分 0-1 合計表示区分 0-1 売上完了区分 0-1 行区分 0-5 \
+      請求数量 6.1 請求単価 8.2 請求金額 10.0 請求消費税 10.0 仕入数量 6.3 仕入単価 8.4 仕入金額 10.0 仕入消費税 10.0
+    total|請求数量合計 1 税抜請求金額合計 0 請求消費税合計 0 税込請求金額合計 0 仕入数量合計 3 税抜仕入金額合計 0 \
+      仕入消費税合計 0 税込仕入金額合計 0)");
+
+std::string taken(const Control& c, const std::string& kind) {
+    if (kind == "total") return std::to_string(c.decimals);
+    if (kind != "number") return std::to_string(c.max_length);
+    const std::string most = plain_number(Fix(c.largest.value())),
+                      least = plain_number(Fix(c.smallest.value()));
+    if (most.size() == 1) return least + "-" + most;
+    EXPECT_EQ("-" + most, least) << c.name;
+    return std::to_string(most.size()) + "." + std::to_string(c.decimals);
 }
 
-std::string_view column_of(const ScreenField& f) {
-    for (const HeaderColumn& c : header_columns)
-        if (c.field.is(f.shows.key_text) || c.field.is(f.shows.head_text) || c.field.is(f.shows.head_digit) ||
-            c.field.is(f.shows.head_money))
-            return c.field.column;
-    for (const LineColumn& c : line_columns)
-        if (c.field.is(f.shows.line_text) || c.field.is(f.shows.line_digit) || c.field.is(f.shows.line_money))
-            return c.field.column;
-    return "";
-}
-
-TEST(画面表, StoredFieldsStandInTheColumnsUnderTheirName) {
-    // parts of a column, names of the masters, marks and a copy
-    constexpr std::string_view without_column[] = {
-        "営業請求日付年", "営業請求日付月", "営業請求日付日",          "担当者名", "部門名", "セクション名",
-        "chb_複写区分",   "仕入商品名",     "chb_KalvaneEnvelopePrint"};
-    int stored = 0;
-    for (const ScreenField& f : screen_fields()) {
-        EXPECT_EQ(f.look_up != nullptr, f.store == Store::head_code || f.store == Store::line_code) << f.name;
-        if ((f.store == Store::none && !f.shows.head_money) || std::ranges::count(without_column, f.name))
-            continue;
-        EXPECT_EQ(column_of(f), column_name(f)) << f.name;
-        ++stored;
+TEST(画面表, 入力の形) {
+    const std::map<std::string, InputMode> modes{
+        {"digits", InputMode::digits},     {"code", InputMode::code}, {"number", InputMode::number},
+        {"japanese", InputMode::japanese}, {"none", InputMode::none}, {"total", InputMode::none}};
+    const test::Installation at(setup::Content::empty);
+    at.main(
+        "UPDATE Mユーザ SET 売上数量少数以下桁数 = '1', 売上単価少数以下桁数 = '2', 仕入数量少数以下桁数 = "
+        "'3', 仕入単価少数以下桁数 = '4'");
+    const test::Seat seat(at);
+    std::set<std::string> fields, seen;
+    for (const Control* c : seat.screen().controls)
+        if (c->kind == ControlKind::xField || c->kind == ControlKind::xText || c->kind == ControlKind::xNum)
+            fields.insert(c->name);
+    for (const auto& r : inputs) {
+        std::istringstream words(r[1]);
+        for (std::string name, expected; words >> name >> expected; seen.insert(name))
+            for (const Control* c : seat.screen().controls) {
+                if (c->name != name) continue;
+                EXPECT_EQ(c->mode, modes.at(r[0])) << name;
+                EXPECT_EQ(taken(*c, r[0]), expected) << name << c->row;
+            }
     }
-    // 11 codes, 10 texts with the memo, 10 codes and lists of the head, 8 totals; 2 codes, 4 texts, 8
-    // figures, the kind twice and its check in the lines
-    EXPECT_EQ(stored, 11 + 10 + 10 + 8 + 2 + 4 + 8 + 3);
+    EXPECT_EQ(fields, seen);
 }
 
 // --- states of the screen

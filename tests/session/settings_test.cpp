@@ -2,6 +2,7 @@
 #include "session/settings.h"
 
 #include "base/failure.h"
+#include "platform/os/secrets.h"
 #include "support/start_run.h"
 
 namespace kalvane {
@@ -9,28 +10,141 @@ namespace {
 
 using namespace test;
 
-TEST(基本情報, 会社の列) {
+// A column of the company and its setting, under the same name; one of the site, under its own.
+using Text = std::pair<const char*, std::string RunContext::*>;
+using Digit = std::pair<const char*, std::int16_t RunContext::*>;
+#define C(name) \
+    { #name, &RunContext::name }
+#define S(name) \
+    { #name, &RunContext::事業所##name }
+const Text company_texts[] = {C(名称),           C(郵便番号),
+                              C(住所A),          C(住所B),
+                              C(住所C),          C(代表者名),
+                              C(電話),           C(FAX),
+                              C(HOMEPAGE),       C(EMAIL),
+                              C(会社ロゴfile),   C(社印file),
+                              C(銀行口座A),      C(銀行口座B),
+                              C(銀行口座C),      C(銀行口座D),
+                              C(写真フォルダ),   C(ドキュメントフォルダ),
+                              C(特権暗証番号),   C(明細整理実行日),
+                              C(統計整理実行日), C(登録日付),
+                              C(更新日付)};
+const Text company_folders[] = {C(総合振込ファイル),   C(基本読込フォルダ),   C(帳票イメージフォルダ),
+                                C(その他読込ファイル), C(本支店連携フォルダ), C(テキスト出力フォルダ),
+                                C(BACKUPフォルダ)};
+const Digit company_digits[] = {C(決算月),
+                                C(決算日),
+                                C(締日区分),
+                                C(締日),
+                                C(決済方法),
+                                C(決済月),
+                                C(決済日),
+                                C(手形サイト),
+                                C(売上金額丸め方法),
+                                C(仕入金額丸め方法),
+                                C(在庫評価方法),
+                                C(売上数量少数以下桁数),
+                                C(売上単価少数以下桁数),
+                                C(仕入数量少数以下桁数),
+                                C(仕入単価少数以下桁数),
+                                C(在庫数量少数以下桁数),
+                                C(在庫単価少数以下桁数),
+                                C(重量少数以下桁数),
+                                C(得意先単価自動更新区分),
+                                C(納品先単価自動更新区分),
+                                C(仕入先単価自動更新区分),
+                                C(明細保存月数),
+                                C(統計保存年数),
+                                C(整理実施可能日自),
+                                C(整理実施可能日至),
+                                C(整理実施可能時刻),
+                                C(伝票番号管理区分)};
+const Digit replaced_digits[] = {C(暗証番号有無), C(更新実行区分)};
+const Text site_texts[] = {S(名称),
+                           S(郵便番号),
+                           S(住所A),
+                           S(住所B),
+                           S(住所C),
+                           S(代表者名),
+                           S(電話),
+                           S(FAX),
+                           S(HOMEPAGE),
+                           S(EMAIL),
+                           S(銀行口座A),
+                           S(銀行口座B),
+                           S(銀行口座C),
+                           S(銀行口座D),
+                           S(総合振込ファイル),
+                           S(基本読込フォルダ),
+                           S(帳票イメージフォルダ),
+                           S(その他読込ファイル),
+                           S(本支店連携フォルダ),
+                           S(テキスト出力フォルダ),
+                           S(BACKUPフォルダ),
+                           C(登録番号),
+                           C(地区コード)};
+const Digit site_digits[] = {S(暗証番号有無), S(更新実行区分)};
+#undef C
+#undef S
+
+// Every column holds another value. A site of its own replaces the folders and two 区分 of the company, the
+// head office nothing.
+TEST(基本情報, 各列の行き先) {
+    const Installation at(setup::Content::empty);
+    at.main("INSERT INTO M事業所 (コード) VALUES ('001')");
+    os::set_key_file(os::program_path(at.root() + "/conf/" + os::key_file_name));
+    at.main("UPDATE Mユーザ SET 現金決済金額 = 1234.5, システム特権暗証番号 = '" + os::暗号化("SYSTEM1") +
+            "'");
+    at.main("UPDATE M事業所 SET 特権暗証番号 = '" + os::暗号化("SITE1") + "'");
+    int number = 1;
+    const auto lay = [&](const char* table, const std::string& mark, const auto& columns) {
+        for (const auto& [column, member] : columns) {
+            const bool digit = std::is_same_v<decltype(member), std::int16_t RunContext::*const>;
+            const std::string value = digit ? std::to_string(++number) : mark + column;
+            at.main(std::string("UPDATE ") + table + " SET " + column + " = '" + value + "'");
+        }
+    };
+    lay("Mユーザ", "", company_texts), lay("Mユーザ", "", company_folders);
+    lay("Mユーザ", "", company_digits), lay("Mユーザ", "", replaced_digits);
+    lay("M事業所", "S", site_texts), lay("M事業所", "S", site_digits);
+    for (const std::string site : {"000", "001"}) {
+        SCOPED_TRACE(site);
+        at.config("UPDATE 動作環境定義 SET 運用事業所コード = '" + site + "'");
+        Start start(at.root());
+        const RunContext& r = 実行環境;
+        for (const auto& [column, member] : company_texts) EXPECT_EQ(r.*member, column);
+        for (const auto& [column, member] : company_folders)
+            EXPECT_EQ(r.*member, (site == "000" ? "" : "S") + std::string(column));
+        for (const auto& [column, member] : site_texts) EXPECT_EQ(r.*member, "S" + std::string(column));
+        int expected = 1;
+        for (const auto& [column, member] : company_digits) EXPECT_EQ(r.*member, ++expected) << column;
+        const int first = site == "000" ? expected : expected + 2;
+        EXPECT_EQ(r.暗証番号有無 * 100 + r.更新実行区分, (first + 1) * 100 + first + 2);
+        expected += 2;
+        for (const auto& [column, member] : site_digits) EXPECT_EQ(r.*member, ++expected) << column;
+        EXPECT_EQ(r.ID + r.システム特権暗証番号 + r.事業所特権暗証番号, "0001SYSTEM1SITE1");
+        EXPECT_EQ(r.現金決済金額, 通貨::from_double(1234.5));
+        // the decimals once more for each kind of document: sale, purchase, stock
+        const std::int16_t copies[] = {r.見積数量桁数, r.注文数量桁数, r.請求数量桁数, r.見積単価桁数,
+                                       r.注文単価桁数, r.請求単価桁数, r.発注数量桁数, r.仕入数量桁数,
+                                       r.発注単価桁数, r.仕入単価桁数, r.在庫数量桁数, r.在庫単価桁数,
+                                       r.重量桁数};
+        const int place[] = {0, 0, 0, 1, 1, 1, 2, 2, 3, 3, 4, 5, 6};
+        for (std::size_t i = 0; i < std::size(place); ++i) EXPECT_EQ(copies[i], 13 + place[i]) << i;
+    }
+}
+
+// A number is the digits at the front; what is NULL or none stays as it was at the start.
+TEST(基本情報, 列の形) {
     const Installation at(setup::Content::empty);
     at.main(
-        "UPDATE Mユーザ SET 売上数量少数以下桁数 = '1', 売上単価少数以下桁数 = '2', 仕入数量少数以下桁数 = "
-        "'3', 仕入単価少数以下桁数 = '4x', 在庫数量少数以下桁数 = ' 5', 在庫単価少数以下桁数 = '6.4', "
-        "重量少数以下桁数 = NULL, 住所A = '住所', 電話 = NULL, 現金決済金額 = 1234.5, 特権暗証番号 = "
-        "'stored', 決算月 = '-3', 伝票番号管理区分 = ''");
-    // each other column once, by its name
-    for (const char* column : {"名称", "社印file", "銀行口座D", "ドキュメントフォルダ", "BACKUPフォルダ",
-                               "統計整理実行日", "登録日付", "更新日付"})
-        at.main(std::string("UPDATE Mユーザ SET ") + column + " = '" + column + "'");
+        "UPDATE Mユーザ SET 決算月 = '-3x', 締日 = ' 5', 決済月 = '6.4', 決済日 = NULL, 手形サイト = '', "
+        "電話 = NULL");
     Start start(at.root());
     const RunContext& r = 実行環境;
-    EXPECT_EQ((std::vector{r.見積数量桁数, r.注文数量桁数, r.請求数量桁数, r.見積単価桁数, r.注文単価桁数,
-                           r.請求単価桁数, r.発注数量桁数, r.仕入数量桁数, r.発注単価桁数, r.仕入単価桁数,
-                           r.在庫数量桁数, r.在庫単価桁数, r.重量桁数, r.決算月, r.伝票番号管理区分}),
-              (std::vector<std::int16_t>{1, 1, 1, 2, 2, 2, 3, 3, 4, 4, 5, 6, 0, -3, 0}));
-    EXPECT_EQ(r.ID + r.住所A + r.電話 + r.特権暗証番号, "0001住所stored");
-    EXPECT_EQ(r.現金決済金額, 通貨::from_double(1234.5));
-    EXPECT_EQ(r.名称 + r.社印file + r.銀行口座D + r.ドキュメントフォルダ + r.BACKUPフォルダ +
-                  r.統計整理実行日 + r.登録日付 + r.更新日付,
-              "名称社印file銀行口座DドキュメントフォルダBACKUPフォルダ統計整理実行日登録日付更新日付");
+    EXPECT_EQ((std::vector{r.決算月, r.締日, r.決済月, r.決済日, r.手形サイト}),
+              (std::vector<std::int16_t>{-3, 5, 6, 0, 0}));
+    EXPECT_EQ(r.電話, "");
     at.main("UPDATE Mユーザ SET 決算日 = '32768'");
     EXPECT_THROW(基本情報読込(), RunFailure);
 }

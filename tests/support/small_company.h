@@ -1,4 +1,5 @@
-// A company small enough to work every figure out by hand, and rows for its documents.
+// A company small enough to work every figure out by hand, and rows for its documents. Its four decimals all
+// differ, so that none can stand for another.
 #pragma once
 #include <gtest/gtest.h>
 
@@ -12,8 +13,8 @@ namespace kalvane::test {
 inline void lay_masters(const Installation& at) {
     for (
         const char* sql :
-        {R"(UPDATE Mユーザ SET 売上数量少数以下桁数 = '1', 売上単価少数以下桁数 = '2', 仕入数量少数以下桁数 = '1', )"
-         R"(仕入単価少数以下桁数 = '2', 売上金額丸め方法 = '0', 仕入金額丸め方法 = '0', 更新実行区分 = '1', )"
+        {R"(UPDATE Mユーザ SET 売上数量少数以下桁数 = '1', 売上単価少数以下桁数 = '2', 仕入数量少数以下桁数 = '3', )"
+         R"(仕入単価少数以下桁数 = '4', 売上金額丸め方法 = '0', 仕入金額丸め方法 = '0', 更新実行区分 = '1', )"
          R"(伝票番号管理区分 = '0', 暗証番号有無 = '0', 決算月 = '3', 決算日 = '31')",
          "INSERT INTO M部門 (コード, 名称) VALUES ('010', '営業部')",
          "INSERT INTO Mセクション (コード, 名称) VALUES ('020', '第一課')",

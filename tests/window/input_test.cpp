@@ -216,6 +216,7 @@ TEST_F(AtTheWindow, ABoxTakesAllInput) {
                 here->hands.click(here->s.btn_終了);
                 here->view().close();
                 box.close();
+                key(box.focusWidget(), Qt::Key_Escape);
                 EXPECT_EQ(here->s.営業請求日付年.text, before);
                 EXPECT_FALSE(box.answered());
                 break;
@@ -240,6 +241,7 @@ TEST_F(AtTheWindow, KeysStayWithTheScreenWhileItWaits) {
         const お待ち wait;
         ASSERT_TRUE(view_of(msgお待ち)->isVisible());
         EXPECT_TRUE(view_of(msgお待ち)->testAttribute(Qt::WA_ShowWithoutActivating));
+        EXPECT_TRUE(view_of(msgお待ち)->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
     }
     hands.set_turn([] { window_state.boxes.back()->answer(true); });
     message_box("済");
