@@ -1,5 +1,6 @@
-// The one kind of run-time failure of the program: leaving a number's range, an index outside an array,
-// an impossible date. The event dispatch catches it at the outermost event; nothing below does.
+// A failure of a routine in its own work: leaving a number's range, an index outside an array, an impossible
+// date, a column that is not there. It rises to the dispatch of the event, which shows its text. Start, end
+// and the link row go on without what failed.
 #pragma once
 #include <stdexcept>
 #include <string>

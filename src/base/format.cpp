@@ -2,6 +2,7 @@
 #include "base/format.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
 
@@ -60,7 +61,22 @@ constexpr std::uint64_t magnitude(std::int64_t n) {
     return n < 0 ? 0 - static_cast<std::uint64_t>(n) : static_cast<std::uint64_t>(n);
 }
 
-constexpr std::uint64_t powers[] = {1, 10, 100, 1000, 10000};
+constexpr auto powers = std::to_array<std::uint64_t>({1, 10, 100, 1000, 10000});
+
+struct Patterns {
+    const char *display, *sql;
+};
+constexpr auto patterns = std::to_array<Patterns>({
+    {.display = "#,###,###,##0", .sql = "###########0"},
+    {.display = "#,###,###,##0.0", .sql = "###########0.0"},
+    {.display = "#,###,###,##0.00", .sql = "##########0.00"},
+    {.display = "#,###,###,##0.000", .sql = "##########0.000"},
+    {.display = "#,###,###,##0.0000", .sql = "##########0.0000"},
+});
+
+const Patterns& patterns_for(int decimals) {
+    return patterns[decimals >= 1 && decimals <= 4 ? static_cast<std::size_t>(decimals) : 0];
+}
 
 // Adds one to a row of digits, front digit first; true when all of them were nines.
 bool carry(std::string& digits) {
@@ -120,6 +136,13 @@ std::string Format(double value, std::string_view pattern) {
     std::string out;
     append(out, std::signbit(value), whole, decimals, p);
     return out;
+}
+
+const char* 数値表示書式(int decimals) {
+    return patterns_for(decimals).display;
+}
+const char* 数値SQL書式(int decimals) {
+    return patterns_for(decimals).sql;
 }
 
 std::string plain_number(通貨 value) {

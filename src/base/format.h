@@ -19,6 +19,10 @@ inline std::string Format(int value, std::string_view pattern) {
 std::string Format(double value, std::string_view pattern);
 // Appends instead of returning; the road of the SQL values.
 void append_format(std::string& out, 通貨 value, std::string_view pattern);
+// Patterns by count of decimals, 0 to 4; any other count gives the one for 0. For the screen, and for
+// statements.
+const char* 数値表示書式(int decimals);
+const char* 数値SQL書式(int decimals);
 // Shortest decimal without separators: 12, -0.5, 33.25.
 std::string plain_number(通貨 value);
 std::string plain_number(double value);

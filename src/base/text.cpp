@@ -2,6 +2,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <limits>
 
@@ -9,9 +10,6 @@ namespace kalvane {
 
 namespace {
 
-constexpr bool is_digit(char c) {
-    return c >= '0' && c <= '9';
-}
 constexpr unsigned char byte(char c) {
     return static_cast<unsigned char>(c);
 }
@@ -32,7 +30,7 @@ struct LeadRow {
     std::size_t size;
     unsigned char mask, second_low, second_high;
 };
-constexpr LeadRow lead_rows[] = {
+constexpr auto lead_rows = std::to_array<LeadRow>({
     {.first = 0x00, .last = 0x7F, .size = 1, .mask = 0x7F, .second_low = 0, .second_high = 0},
     {.first = 0xC2, .last = 0xDF, .size = 2, .mask = 0x1F, .second_low = 0x80, .second_high = 0xBF},
     {.first = 0xE0, .last = 0xE0, .size = 3, .mask = 0x0F, .second_low = 0xA0, .second_high = 0xBF},
@@ -42,15 +40,15 @@ constexpr LeadRow lead_rows[] = {
     {.first = 0xF0, .last = 0xF0, .size = 4, .mask = 0x07, .second_low = 0x90, .second_high = 0xBF},
     {.first = 0xF1, .last = 0xF3, .size = 4, .mask = 0x07, .second_low = 0x80, .second_high = 0xBF},
     {.first = 0xF4, .last = 0xF4, .size = 4, .mask = 0x07, .second_low = 0x80, .second_high = 0x8F},
-};
+});
 
 Decoded decode(std::string_view text) {
     constexpr Decoded broken{.c = 0xFFFD, .size = 1, .valid = false};
     const unsigned char head = byte(text[0]);
     if (head < 0x80) return {.c = head, .size = 1, .valid = true};
-    const auto* row = std::find_if(std::begin(lead_rows), std::end(lead_rows),
-                                   [head](const LeadRow& r) { return head >= r.first && head <= r.last; });
-    if (row == std::end(lead_rows) || text.size() < row->size) return broken;
+    const auto* row = std::ranges::find_if(
+        lead_rows, [head](const LeadRow& r) { return head >= r.first && head <= r.last; });
+    if (row == lead_rows.end() || text.size() < row->size) return broken;
     const unsigned char second = byte(text[1]);
     if (second < row->second_low || second > row->second_high) return broken;
     char32_t c = static_cast<char32_t>(head & row->mask);
@@ -196,6 +194,11 @@ double Val(std::string_view text) {
     return minus && x != 0 ? -x : x;
 }
 
+bool is_code_character(char c) {
+    const char letter = upper(c);
+    return is_digit(c) || (letter >= 'A' && letter <= 'Z') || contains("-_./", {&c, 1});
+}
+
 std::string UCase(std::string_view text) {
     std::string out(text);
     std::transform(out.begin(), out.end(), out.begin(), upper);
@@ -221,6 +224,10 @@ std::string Replace(std::string_view text, std::string_view from, std::string_vi
 
 bool contains(std::string_view text, std::string_view part) {
     return text.find(part) != std::string_view::npos;
+}
+
+std::string unix_lines(std::string_view text) {
+    return Replace(Replace(text, "\r\n", "\n"), "\r", "\n");
 }
 
 bool equal_fold(std::string_view a, std::string_view b) {

@@ -28,10 +28,17 @@ bool blank(std::string_view text);
 // Numeric value of the leading number: blanks skipped, an optional sign, digits, an optional "." and
 // digits; else 0. No exponent, no hexadecimal, no separators. Rounded correctly to double.
 double Val(std::string_view text);
+constexpr bool is_digit(char c) {
+    return c >= '0' && c <= '9';
+}
+// What codes are made of: digits, Latin letters, "-", "_", "." and "/".
+bool is_code_character(char c);
 std::string UCase(std::string_view text);  // ASCII letters only
 std::string Space(std::size_t n);
 std::string Replace(std::string_view text, std::string_view from, std::string_view to);
 bool contains(std::string_view text, std::string_view part);
+// Line ends "\r\n" and "\r" as "\n".
+std::string unix_lines(std::string_view text);
 // Equal but for the case of ASCII letters.
 bool equal_fold(std::string_view a, std::string_view b);
 // Bytes in the double-byte code page: 1 for U+0000-007F and U+FF61-FF9F, 2 for every other character.

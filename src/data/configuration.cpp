@@ -6,6 +6,7 @@
 #include "base/failure.h"
 #include "base/text.h"
 #include "data/client_trust.h"
+#include "data/fault_box.h"
 #include "data/fields.h"
 #include "data/file_helpers.h"
 #include "data/history_row.h"
@@ -15,7 +16,6 @@
 #include "platform/os/paths.h"
 #include "platform/os/process.h"
 #include "platform/os/secrets.h"
-#include "platform/screen/host.h"
 #include "records/run_context.h"
 
 namespace kalvane {
@@ -171,7 +171,7 @@ bool 環境定義読込() {
         open_with_settings(実行環境.設定接続, config_connection_text(config_path));
         実行環境.設定接続中 = true;
     } catch (const ado::Error& e) {
-        message_box("SYB_OPEN ERROR" + std::to_string(e.number()) + " " + e.what() + "\r" + "sysopen error");
+        show_fault(Fault::configuration_not_opened, std::to_string(e.number()) + " " + e.what());
         実行環境.設定接続中 = false;
         return false;
     }

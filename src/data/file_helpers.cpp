@@ -2,8 +2,8 @@
 #include "data/file_helpers.h"
 
 #include "base/text.h"
+#include "data/fault_box.h"
 #include "platform/os/files.h"
-#include "platform/screen/host.h"
 
 namespace kalvane {
 namespace {
@@ -55,7 +55,7 @@ void フォルダ作成(const std::string& file_path) {
         try {
             if (os::Dir(folder, os::attribute_folder).empty()) os::MkDir(folder);
         } catch (const os::FileError& e) {
-            message_box("DIREXISTCHK ERROR" + std::to_string(e.number()) + e.what());
+            show_fault(Fault::folder_not_made, std::to_string(e.number()) + e.what());
         }
         ++at;
     }

@@ -1,4 +1,4 @@
-// The six helpers over one reader and one runner.
+// The helpers over one reader and one runner.
 #include "data/query.h"
 
 #include "base/text.h"
@@ -52,6 +52,12 @@ bool 設定DB読込(ado::Recordset& out, const std::string& sql) {
 }
 bool 設定DB参照(ado::Recordset& out, const std::string& sql) {
     return read(実行環境.設定接続, out, sql, false);
+}
+bool has_row(const std::string& sql) {
+    ado::Recordset rs;
+    const bool found = 主DB読込(rs, sql);
+    rs.Close();
+    return found;
 }
 bool 主DB実行(const std::string& sql, bool log) {
     return run(実行環境.主接続, sql, log);

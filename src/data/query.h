@@ -15,6 +15,8 @@ bool 主DB読込(ado::Recordset& out, const std::string& sql, bool log = false);
 // The same on 設定接続; the first is used at start, the second everywhere else.
 bool 設定DB読込(ado::Recordset& out, const std::string& sql);
 bool 設定DB参照(ado::Recordset& out, const std::string& sql);
+// True when the statement finds a row on 主接続.
+bool has_row(const std::string& sql);
 // Runs a statement on 主接続; true on success.
 bool 主DB実行(const std::string& sql, bool log = false);
 // Runs a statement on 設定接続; the second writes it into the run history.

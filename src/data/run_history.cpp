@@ -14,9 +14,7 @@ namespace {
 void usage_row(const std::string& column) {
     const std::string seat = " WHERE コンピュータID = '" + 実行環境.コンピュータID + "' AND ユーザID = '" +
                              実行環境.ユーザID + "'";
-    ado::Recordset rs;
-    const bool found = 主DB読込(rs, "SELECT * FROM 使用状況" + seat);
-    rs.Close();
+    const bool found = has_row("SELECT * FROM 使用状況" + seat);
     const std::string now = 現在日時();
     const bool start = column == "開始日時";
     if (found)

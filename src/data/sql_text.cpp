@@ -5,8 +5,9 @@
 
 namespace kalvane {
 
-void append_doubled(std::string& out, std::string_view text) {
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+namespace {
+
+void append_quotes_doubled(std::string& out, std::string_view text) {
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t quote = text.find('\'', at);
         if (quote == std::string_view::npos) {
@@ -17,6 +18,25 @@ void append_doubled(std::string& out, std::string_view text) {
         out.push_back('\'');
         at = quote + 1;
     }
+}
+
+}  // namespace
+
+void append_doubled(std::string& out, std::string_view text) {
+    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    append_quotes_doubled(out, text);
+}
+
+void append_literal(std::string& out, std::string_view text) {
+    out += '\'';
+    append_quotes_doubled(out, text);
+    out += '\'';
+}
+
+std::string literal(std::string_view text) {
+    std::string out;
+    append_literal(out, text);
+    return out;
 }
 
 std::string 引用符二重化(std::string_view text) {

@@ -13,12 +13,8 @@ namespace {
 constexpr const char* browse_series = "01110";
 
 bool taken(const std::string& base_date, const std::string& number) {
-    ado::Recordset rs;
-    const bool found =
-        主DB読込(rs, "SELECT 閲覧No FROM T閲覧 WHERE 事業所コード = '" + 実行環境.事業所コード +
-                         "' AND 番号基準日付 = '" + base_date + "' AND 閲覧No = '" + number + "'");
-    rs.Close();
-    return found;
+    return has_row("SELECT 閲覧No FROM T閲覧 WHERE 事業所コード = '" + 実行環境.事業所コード +
+                   "' AND 番号基準日付 = '" + base_date + "' AND 閲覧No = '" + number + "'");
 }
 
 }  // namespace

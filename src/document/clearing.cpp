@@ -1,8 +1,10 @@
 // Fresh documents and lines, and what survives a clearing.
 #include "document/clearing.h"
 
+#include <array>
+
 #include "base/text.h"
-#include "records/document.h"
+#include "document/document_date.h"
 #include "records/run_context.h"
 #include "rules/closing_dates.h"
 #include "rules/number_allocation.h"
@@ -10,19 +12,24 @@
 namespace kalvane {
 namespace {
 
-constexpr std::string HeaderRecord::*kept_texts[] = {
-    &HeaderRecord::営業請求日付,   &HeaderRecord::営業請求日付年, &HeaderRecord::営業請求日付月,
-    &HeaderRecord::営業請求日付日, &HeaderRecord::請求伝票備考A,  &HeaderRecord::請求伝票備考B,
-    &HeaderRecord::登録情報区分,   &HeaderRecord::登録結果文言,
-};
+constexpr auto kept_texts = std::to_array<std::string HeaderRecord::*>({
+    &HeaderRecord::営業請求日付,
+    &HeaderRecord::営業請求日付年,
+    &HeaderRecord::営業請求日付月,
+    &HeaderRecord::営業請求日付日,
+    &HeaderRecord::請求伝票備考A,
+    &HeaderRecord::請求伝票備考B,
+    &HeaderRecord::登録情報区分,
+    &HeaderRecord::登録結果文言,
+});
 // The customer's rounding lives on until a customer or a source is read.
-constexpr std::int16_t HeaderRecord::*kept_digits[] = {
+constexpr auto kept_digits = std::to_array<std::int16_t HeaderRecord::*>({
     &HeaderRecord::得意先消費税丸め方法,
     &HeaderRecord::得意先消費税丸め桁位置,
     &HeaderRecord::得意先消費税端数調整区分,
     &HeaderRecord::登録結果区分,
-};
-constexpr 通貨 HeaderRecord::*totals[] = {
+});
+constexpr auto totals = std::to_array<通貨 HeaderRecord::*>({
     &HeaderRecord::請求数量合計,     &HeaderRecord::請求金額合計,     &HeaderRecord::税抜請求金額合計,
     &HeaderRecord::請求消費税合計,   &HeaderRecord::税込請求金額合計, &HeaderRecord::仕入数量合計,
     &HeaderRecord::仕入金額合計,     &HeaderRecord::税抜仕入金額合計, &HeaderRecord::仕入消費税合計,
@@ -30,7 +37,7 @@ constexpr 通貨 HeaderRecord::*totals[] = {
     &HeaderRecord::売上課税内税額,   &HeaderRecord::売上旧税外税額,   &HeaderRecord::売上旧税内税額,
     &HeaderRecord::売上非課税額,     &HeaderRecord::仕入課税外税額,   &HeaderRecord::仕入課税内税額,
     &HeaderRecord::仕入旧税外税額,   &HeaderRecord::仕入旧税内税額,   &HeaderRecord::仕入非課税額,
-};
+});
 
 HeaderRecord cleared(const HeaderRecord& old) {
     HeaderRecord h;
@@ -46,12 +53,7 @@ void 新規項目クリア() {
     実行環境.新規入力中 = true;
     実行環境.入力変更あり = false;
     HeaderRecord h = cleared(請求ヘッダ);
-    if (h.営業請求日付.empty()) {
-        h.営業請求日付 = 実行環境.本日日付;
-        h.営業請求日付年 = Mid(h.営業請求日付, 1, 4);
-        h.営業請求日付月 = Mid(h.営業請求日付, 5, 2);
-        h.営業請求日付日 = Mid(h.営業請求日付, 7, 2);
-    }
+    if (h.営業請求日付.empty()) set_document_date(h, 実行環境.本日日付);
     請求ヘッダ = h;
     実行環境.番号基準日付 = 番号基準日付取得(請求番号ID, 請求ヘッダ.営業請求日付);
     請求ヘッダ.集計日付 = 月締日付(請求ヘッダ.営業請求日付);
@@ -74,6 +76,15 @@ void 合計クリア() {
 void 明細初期化(int i) {
     static const LineRecord fresh;
     請求明細行[i] = fresh;
+}
+
+bool sale_empty(const LineRecord& line) {
+    return blank(line.商品コード) && blank(line.商品名) && blank(line.請求単位) && line.請求数量.is_zero() &&
+           line.請求単価.is_zero() && line.請求金額.is_zero();
+}
+bool purchase_empty(const LineRecord& line) {
+    return blank(line.仕入先コード) && blank(line.仕入先名称A) && blank(line.仕入単位) &&
+           line.仕入数量.is_zero() && line.仕入単価.is_zero() && line.仕入金額.is_zero();
 }
 
 void 明細固有項目初期化(int i) {

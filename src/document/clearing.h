@@ -1,6 +1,7 @@
 // Clearing the document. 新規伝票初期化 is the start and the clear button, 文書初期化 what follows a save, a
 // delete or a missed number; they differ in one total alone.
 #pragma once
+#include "records/document.h"
 
 namespace kalvane {
 
@@ -11,6 +12,9 @@ void 新規項目クリア();
 void 明細全クリア();  // lines 0 to 997 and the screen position; line 998 keeps what it holds
 void 合計クリア();    // remarks and totals
 void 明細初期化(int i);
+// Nothing was entered on one side of the line: no code, no name, no unit, no figure.
+bool sale_empty(const LineRecord& line);
+bool purchase_empty(const LineRecord& line);
 // What identifies a saved line and must not travel with a copy.
 void 明細固有項目初期化(int i);
 

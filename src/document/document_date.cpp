@@ -5,7 +5,6 @@
 #include "data/sql_text.h"
 #include "document/reference.h"
 #include "platform/screen/host.h"
-#include "records/document.h"
 #include "records/run_context.h"
 #include "rules/closing_dates.h"
 #include "rules/field_text.h"
@@ -13,12 +12,6 @@
 
 namespace kalvane {
 namespace {
-
-void cut_parts(const std::string& yyyymmdd) {
-    請求ヘッダ.営業請求日付年 = Mid(yyyymmdd, 1, 4);
-    請求ヘッダ.営業請求日付月 = Mid(yyyymmdd, 5, 2);
-    請求ヘッダ.営業請求日付日 = Mid(yyyymmdd, 7, 2);
-}
 
 void take_base_date(const std::string& base) {
     実行環境.番号基準日付 = base;
@@ -31,6 +24,13 @@ void keep_loaded_number() {
 }
 
 }  // namespace
+
+void set_document_date(HeaderRecord& header, const std::string& yyyymmdd) {
+    header.営業請求日付 = yyyymmdd;
+    header.営業請求日付年 = Mid(yyyymmdd, 1, 4);
+    header.営業請求日付月 = Mid(yyyymmdd, 5, 2);
+    header.営業請求日付日 = Mid(yyyymmdd, 7, 2);
+}
 
 void 営業請求日付確定() {
     HeaderRecord& h = 請求ヘッダ;
@@ -46,8 +46,7 @@ void 営業請求日付確定() {
         keep_loaded_number();
     } else if (他請求参照確認() == 1) {
         keep_loaded_number();
-        h.営業請求日付 = h.旧営業請求日付;
-        cut_parts(h.営業請求日付);
+        set_document_date(h, h.旧営業請求日付);
         実行環境.入力変更あり = false;
         message_box("決算を超えた日付の変更は出来ません。");
     } else {

@@ -38,13 +38,13 @@ const std::string& line_head(bool history) {
 const char* number_pattern(ColumnKind kind) {
     switch (kind) {
         case ColumnKind::quantity_sale:
-            return 数値SQL書式(実行環境.売上数量少数以下桁数);
+            return 数値SQL書式(実行環境.請求数量桁数);
         case ColumnKind::price_sale:
-            return 数値SQL書式(実行環境.売上単価少数以下桁数);
+            return 数値SQL書式(実行環境.請求単価桁数);
         case ColumnKind::quantity_purchase:
-            return 数値SQL書式(実行環境.仕入数量少数以下桁数);
+            return 数値SQL書式(実行環境.仕入数量桁数);
         case ColumnKind::price_purchase:
-            return 数値SQL書式(実行環境.仕入単価少数以下桁数);
+            return 数値SQL書式(実行環境.仕入単価桁数);
         default:
             return "##########0";
     }

@@ -1,6 +1,8 @@
 // Finds documents, loads them, decides on typed numbers.
 #include "document/loading.h"
 
+#include <array>
+
 #include "base/text.h"
 #include "data/query.h"
 #include "document/browse_log.h"
@@ -15,9 +17,9 @@
 namespace kalvane {
 namespace {
 
-constexpr std::string HeaderRecord::*date_fields[] = {
-    &HeaderRecord::営業請求日付, &HeaderRecord::営業請求日付年, &HeaderRecord::営業請求日付月,
-    &HeaderRecord::営業請求日付日};
+constexpr auto date_fields = std::to_array<std::string HeaderRecord::*>(
+    {&HeaderRecord::営業請求日付, &HeaderRecord::営業請求日付年, &HeaderRecord::営業請求日付月,
+     &HeaderRecord::営業請求日付日});
 
 // A half-read document must not stay on the screen; nor its date, which a clear keeps and may stumble over.
 template <class Work>

@@ -205,7 +205,7 @@ constexpr bool masters_sound() {
     }
     return masters.size() == master_kinds;
 }
-static_assert(masters_sound());
+static_assert(masters_sound(), "a master out of its place, or without its code");
 
 constexpr const Master& master(MasterKind kind) {
     return masters[static_cast<std::size_t>(kind)];
@@ -229,10 +229,7 @@ std::string& code_held(const Master& m, int i) {
 // What a code field's keys may put into it, and the blanks of a padded column. Codes go into statements as
 // they are, so one that could not have been typed is not taken from a table either.
 bool could_be_typed(std::string_view code) {
-    return std::ranges::all_of(code, [](char c) {
-        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || c == '-' ||
-               c == '_' || c == '.' || c == '/' || c == ' ';
-    });
+    return std::ranges::all_of(code, [](char c) { return c == ' ' || is_code_character(c); });
 }
 
 template <class Record>

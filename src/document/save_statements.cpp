@@ -32,13 +32,6 @@ void erase(const std::string& sql, bool log = false) {
     set_status(主DB実行(sql, log) ? deleted : row_gone);
 }
 
-bool has_row(const std::string& sql) {
-    ado::Recordset rs;
-    const bool found = 主DB読込(rs, sql);
-    rs.Close();
-    return found;
-}
-
 std::string site_and_date() {
     return " WHERE 事業所コード = '" + 実行環境.事業所コード + "' AND 番号基準日付 = '" +
            実行環境.番号基準日付 + "'";

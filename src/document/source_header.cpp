@@ -7,6 +7,7 @@
 #include "base/format.h"
 #include "base/text.h"
 #include "data/fields.h"
+#include "document/document_date.h"
 #include "records/columns.h"
 #include "rules/closing_dates.h"
 
@@ -104,9 +105,7 @@ void stored_header() {
     take_text(rs, "営業請求No", h.旧営業請求No);
     if (const ado::Value& date = rs.Fields("営業請求日付"); !date.is_null()) {
         h.旧営業請求日付 = date.text();
-        h.営業請求日付年 = Mid(h.営業請求日付, 1, 4);
-        h.営業請求日付月 = Mid(h.営業請求日付, 5, 2);
-        h.営業請求日付日 = Mid(h.営業請求日付, 7, 2);
+        set_document_date(h, h.旧営業請求日付);
     }
     for (const CodeGroup& g : staff_groups) take(rs, g.name, h);
     if (const ado::Value& approval = rs.Fields("承認区分"); !approval.is_null())

@@ -3,7 +3,7 @@
 
 #include <algorithm>
 
-#include "base/text.h"
+#include "document/clearing.h"
 #include "events/focus.h"
 #include "events/save_dialogue.h"
 #include "screen/scrolling.h"
@@ -50,11 +50,7 @@ bool at_the_end() {
     if (r.現在行 > r.最終行 || (r.最終行 == last_entry_line && r.現在行 == r.最終行)) return true;
     if (r.現在行 != r.最終行 || r.現在行 <= 0) return false;
     const LineRecord& l = 請求明細行[r.現在行];
-    const bool sale_empty = blank(l.商品コード) && blank(l.商品名) && blank(l.請求単位) &&
-                            l.請求数量.is_zero() && l.請求単価.is_zero() && l.請求金額.is_zero();
-    const bool purchase_empty = blank(l.仕入先コード) && blank(l.仕入先名称A) && blank(l.仕入単位) &&
-                                l.仕入数量.is_zero() && l.仕入単価.is_zero() && l.仕入金額.is_zero();
-    return sale_empty && (page() == 0 || purchase_empty);
+    return sale_empty(l) && (page() == 0 || purchase_empty(l));
 }
 
 void forward() {

@@ -2,6 +2,7 @@
 #include "operator/databases.h"
 
 #include "base/text.h"
+#include "data/sql_text.h"
 #include "platform/ado/ado.h"
 #include "platform/os/clock.h"
 #include "platform/os/files.h"
@@ -46,10 +47,6 @@ std::string main_text() {
 void open(ado::Connection& connection, Database database) {
     connection.name = "operator";
     connection.Open(database == Database::main ? main_text() : config_text(), ado::Access::keeper);
-}
-
-std::string literal(std::string_view text) {
-    return "'" + Replace(text, "'", "''") + "'";
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 #include <array>
 #include <string_view>
 
+#include "base/text.h"
 #include "operator/run.h"
 #include "operator/values.h"
 #include "platform/screen/form.h"

@@ -130,10 +130,6 @@ std::optional<std::string> property_text(const Control& c, std::string_view prop
     return std::nullopt;
 }
 
-std::string unix_lines(std::string_view text) {
-    return Replace(Replace(text, "\r\n", "\n"), "\r", "\n");
-}
-
 std::string cell_text(std::string_view text) {
     return Trim(text);
 }

@@ -17,8 +17,7 @@ std::string_view default_property(const Control& c);
 // A property as text. No value when the control has no such property.
 std::optional<std::string> property_text(const Control& c, std::string_view property);
 
-// Line ends as "\n", and blanks at both ends cut.
-std::string unix_lines(std::string_view text);
+// Blanks at both ends cut.
 std::string cell_text(std::string_view text);
 // On one line: "\n" for a line break, "\\" for a backslash.
 std::string on_one_line(std::string_view text);

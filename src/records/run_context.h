@@ -110,7 +110,8 @@ struct RunContext {
     std::int16_t 更新実行区分 = 0;      // 0: the databases are closed and opened after a save
     std::string システム特権暗証番号;   // decoded
     std::string 登録日付, 更新日付;
-    // decimals by kind of document, copied from the settings above
+    // decimals by kind of document, from the settings above; those of 請求 and 仕入 write and show the
+    // invoice
     std::int16_t 見積数量桁数 = 0, 見積単価桁数 = 0, 注文数量桁数 = 0, 注文単価桁数 = 0, 請求数量桁数 = 0,
                  請求単価桁数 = 0, 発注数量桁数 = 0, 発注単価桁数 = 0, 仕入数量桁数 = 0, 仕入単価桁数 = 0,
                  在庫数量桁数 = 0, 在庫単価桁数 = 0, 重量桁数 = 0;

@@ -28,9 +28,9 @@ struct SourceRow {
     const char* number_id;
     const char *header_table, *line_table, *number_column, *line_order;
     const char* guard;  // a condition text holds it, a pick's key does not
-    std::string HeaderRecord::*site =
-        nullptr;  // key fields; nullptr for the stored invoice, whose key is the
-    std::string HeaderRecord::*base_date = nullptr;  // run context's
+    // key fields; nullptr for the stored invoice, whose key is the run context's
+    std::string HeaderRecord::*site = nullptr;
+    std::string HeaderRecord::*base_date = nullptr;
     std::string HeaderRecord::*number = nullptr;
     ado::Recordset RunContext::Recordsets::*recordset = nullptr;
     DocumentKey RunContext::*argument = nullptr;  // key cut from the command line

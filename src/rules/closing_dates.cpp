@@ -2,6 +2,7 @@
 #include "rules/closing_dates.h"
 
 #include <algorithm>
+#include <array>
 
 #include "base/currency.h"
 #include "base/date.h"
@@ -15,13 +16,23 @@ namespace {
 struct MonthEnd {
     int month, day;
 };
-constexpr MonthEnd month_ends[] = {{1, 31}, {2, 28}, {2, 29}, {3, 31},  {4, 30},  {5, 31}, {6, 30},
-                                   {7, 31}, {8, 31}, {9, 30}, {10, 31}, {11, 30}, {12, 31}};
+constexpr auto month_ends = std::to_array<MonthEnd>({{1, 31},
+                                                     {2, 28},
+                                                     {2, 29},
+                                                     {3, 31},
+                                                     {4, 30},
+                                                     {5, 31},
+                                                     {6, 30},
+                                                     {7, 31},
+                                                     {8, 31},
+                                                     {9, 30},
+                                                     {10, 31},
+                                                     {11, 30},
+                                                     {12, 31}});
 
 bool month_end_pair() {
-    return std::any_of(std::begin(month_ends), std::end(month_ends), [](const MonthEnd& e) {
-        return e.month == 実行環境.決算月 && e.day == 実行環境.決算日;
-    });
+    return std::ranges::any_of(
+        month_ends, [](const MonthEnd& e) { return e.month == 実行環境.決算月 && e.day == 実行環境.決算日; });
 }
 
 // Numeric parts, the year in full.

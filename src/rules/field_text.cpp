@@ -1,8 +1,7 @@
-// Masks, byte lengths, number patterns, full-width text.
+// Byte limits, ranges, masks, postal codes.
 #include "rules/field_text.h"
 
 #include <algorithm>
-#include <array>
 
 #include "base/format.h"
 #include "base/text.h"
@@ -12,10 +11,6 @@
 namespace kalvane {
 
 namespace {
-
-constexpr bool is_digit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 // Bytes of the head of the text that ends with the character passing the limit.
 std::size_t passing_prefix(std::string_view text, int limit) {
@@ -30,22 +25,6 @@ std::size_t passing_prefix(std::string_view text, int limit) {
 
 bool fits(std::string_view text, int limit) {
     return static_cast<long long>(ByteLen(text)) <= limit;
-}
-
-struct Patterns {
-    const char* display;
-    const char* sql;
-};
-constexpr std::array<Patterns, 5> patterns = {{
-    {.display = "#,###,###,##0", .sql = "###########0"},
-    {.display = "#,###,###,##0.0", .sql = "###########0.0"},
-    {.display = "#,###,###,##0.00", .sql = "##########0.00"},
-    {.display = "#,###,###,##0.000", .sql = "##########0.000"},
-    {.display = "#,###,###,##0.0000", .sql = "##########0.0000"},
-}};
-
-const Patterns& patterns_for(int decimals) {
-    return patterns[decimals >= 1 && decimals <= 4 ? static_cast<std::size_t>(decimals) : 0];
 }
 
 std::string repeated(int n, char c) {
@@ -76,13 +55,6 @@ std::string 文字数切詰(std::string_view text, int limit) {
     if (fits(text, limit)) return std::string(text);
     const std::size_t kept = Len(text.substr(0, passing_prefix(text, limit)));
     return Left(text, kept > 0 ? kept - 1 : 0);
-}
-
-const char* 数値表示書式(int decimals) {
-    return patterns_for(decimals).display;
-}
-const char* 数値SQL書式(int decimals) {
-    return patterns_for(decimals).sql;
 }
 
 std::string 九文字列(int n) {

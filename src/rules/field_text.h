@@ -14,11 +14,6 @@ void 文字数確認(std::string_view text, int limit);
 // The text cut to fit the limit.
 std::string 文字数切詰(std::string_view text, int limit);
 
-// Number patterns by count of decimals, 0 to 4; any other count gives the one for 0. For display, and for
-// statements.
-const char* 数値表示書式(int decimals);
-const char* 数値SQL書式(int decimals);
-
 // n nines or Zs; "" below 1.
 std::string 九文字列(int n);
 std::string Z文字列(int n);

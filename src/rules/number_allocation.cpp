@@ -1,25 +1,25 @@
-// To add a routine: a row in `routines`, and its two variants and its router at the end of the file.
-// To add a counter table: a row in `counters`; the flags say which keys its rows have.
+// One road over the counters: which table counts for a series, its row, the number behind the last one.
+//
+// How to add a routine: a Routine, and at the end of the file its variants for the whole company and by site
+// and the one that chooses. The four tables of `counters` are all there are.
 #include "rules/number_allocation.h"
 
 #include <string_view>
 
 #include "base/format.h"
 #include "base/text.h"
+#include "data/fault_box.h"
 #include "data/query.h"
 #include "platform/os/clock.h"
 #include "platform/os/files.h"
 #include "platform/os/process.h"
 #include "platform/screen/form.h"
-#include "platform/screen/host.h"
 #include "records/run_context.h"
 #include "rules/closing_dates.h"
 
 namespace kalvane {
 
 namespace {
-
-constexpr const char* fault_text = "番号情報に問題が発生設定できませんでした。";
 
 struct Key {
     std::string_view id, date, site;
@@ -82,15 +82,8 @@ std::string counter_sql(const Counter& c, const Key& key) {
     return text({"SELECT ", c.table, ".* FROM ", c.table, where(c, key)});
 }
 
-bool exists(const std::string& sql) {
-    ado::Recordset rs;
-    const bool found = 主DB読込(rs, sql);
-    rs.Close();
-    return found;
-}
-
 void make_row(const Counter& c, const Key& key) {
-    if (exists(counter_sql(c, key)) || !exists(series_sql(key.id, c.series_test))) return;
+    if (has_row(counter_sql(c, key)) || !has_row(series_sql(key.id, c.series_test))) return;
     std::string columns, values;
     if (c.by_site) {
         columns += "[事業所コード],";
@@ -116,7 +109,7 @@ std::string number(const Routine& routine, bool by_site, const Key& key) {
     ado::Recordset rs;
     if (!主DB読込(rs, series_sql(key.id))) {
         rs.Close();
-        message_box(fault_text);
+        show_fault(Fault::no_number_series);
         return 番号なし;
     }
     const Choice choice = routine.counter(Val(rs.Fields("連番種類").text()));
@@ -139,7 +132,7 @@ std::string number(const Routine& routine, bool by_site, const Key& key) {
 
 std::string routed(const Routine& routine, const Key& key) {
     const std::string next = number(routine, 実行環境.伝票番号管理区分 != 0, key);
-    if (next == 番号なし) message_box(fault_text);
+    if (next == 番号なし) show_fault(Fault::no_number_series);
     return next;
 }
 

@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "data/file_helpers.h"
 #include "data/linkage.h"
+#include "document/clearing.h"
 #include "document/reference.h"
 #include "screen/required.h"
 #include "screen/screen_model.h"
@@ -81,9 +82,7 @@ bool some_line_marked() {
 
 bool current_line_empty() {
     if (実行環境.現在行 < 0 || 実行環境.現在行 >= line_capacity) return false;
-    const LineRecord& l = 請求明細行[実行環境.現在行];
-    return blank(l.商品コード) && blank(l.商品名) && blank(l.請求単位) && l.請求数量.is_zero() &&
-           l.請求単価.is_zero() && l.請求金額.is_zero();
+    return sale_empty(請求明細行[実行環境.現在行]);
 }
 
 bool names_a_source(const std::string& number) {

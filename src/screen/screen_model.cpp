@@ -53,13 +53,13 @@ struct Digits {
 Digits digits_of(Figure f) {
     switch (f) {
         case Figure::quantity_sale:
-            return {6, 実行環境.売上数量少数以下桁数};
+            return {6, 実行環境.請求数量桁数};
         case Figure::price_sale:
-            return {8, 実行環境.売上単価少数以下桁数};
+            return {8, 実行環境.請求単価桁数};
         case Figure::quantity_purchase:
-            return {6, 実行環境.仕入数量少数以下桁数};
+            return {6, 実行環境.仕入数量桁数};
         case Figure::price_purchase:
-            return {8, 実行環境.仕入単価少数以下桁数};
+            return {8, 実行環境.仕入単価桁数};
         case Figure::amount:
             return {10, 0};
         case Figure::none:

@@ -2,7 +2,6 @@
 #include "session/command_line.h"
 
 #include <algorithm>
-#include <string_view>
 
 #include "base/text.h"
 
@@ -10,11 +9,7 @@ namespace kalvane {
 namespace {
 
 bool code_characters(const std::string& part) {
-    const std::string inner = Trim(part);
-    return std::all_of(inner.begin(), inner.end(), [](unsigned char c) {
-        return (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
-               std::string_view("-_./").find(static_cast<char>(c)) != std::string_view::npos;
-    });
+    return std::ranges::all_of(Trim(part), is_code_character);
 }
 
 }  // namespace

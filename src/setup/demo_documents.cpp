@@ -3,11 +3,13 @@
 // and counters agree.
 //
 // How to change them: the numbers below and the tables; raise schema_version.
+#include <array>
 #include <string>
 
 #include "base/format.h"
 #include "document/calculation.h"
 #include "document/clearing.h"
+#include "document/document_date.h"
 #include "document/document_sql.h"
 #include "document/loading.h"
 #include "document/lookups.h"
@@ -30,22 +32,11 @@ constexpr int invoices = 60, documents_of_a_kind = 30;
 constexpr Date first_day{2022, 4, 4};
 constexpr int days = 736;  // to the last one, 9 April 2024
 
-constexpr std::string_view subjects[] = {"事務用品一式", "春季備品",   "新社屋什器", "定期納品分",
-                                         "移転作業",     "年度末納品", "会議室改装", "教材一式",
-                                         "催事用品",     "防災備蓄"};
-constexpr std::string_view remarks[] = {"", "", "分納", "直送", "お届けは午前中", "検収後にお支払いください"};
-
-// A source kind's tables, and whether a document of it may be for a prospect.
-struct SourceTables {
-    SourceKind kind;
-    const char *header, *lines;
-    bool prospects;
-};
-constexpr SourceTables sources[] = {
-    {SourceKind::quotation, "T営業見積", "T営業見積明細", true},
-    {SourceKind::order, "T顧客注文", "T顧客注文明細", true},
-    {SourceKind::delivery, "T営業納品", "T営業納品明細", false},
-};
+constexpr auto subjects =
+    std::to_array<std::string_view>({"事務用品一式", "春季備品", "新社屋什器", "定期納品分", "移転作業",
+                                     "年度末納品", "会議室改装", "教材一式", "催事用品", "防災備蓄"});
+constexpr auto remarks =
+    std::to_array<std::string_view>({"", "", "分納", "直送", "お届けは午前中", "検収後にお支払いください"});
 
 DateTime day_at(int index, int count, int hour) {
     return {add_days(first_day, days * index / (count - 1)), hour, index % 60, 0};
@@ -53,11 +44,7 @@ DateTime day_at(int index, int count, int hour) {
 
 void begin_document(const DateTime& t) {
     os::freeze_clock(t);
-    HeaderRecord& h = 請求ヘッダ;
-    h.営業請求日付 = date_text(t.date);
-    h.営業請求日付年 = h.営業請求日付.substr(0, 4);
-    h.営業請求日付月 = h.営業請求日付.substr(4, 2);
-    h.営業請求日付日 = h.営業請求日付.substr(6, 2);
+    set_document_date(請求ヘッダ, date_text(t.date));
     実行環境.事業所コード = 全社事業所;
     新規伝票初期化();
 }
@@ -85,16 +72,16 @@ void fill_document(Random& random, int lines) {
     constexpr std::int64_t customers = 38, destinations = 20, products = 60;
     得意先コード変更(six_digits(random.between(1, customers)));
     if (random.below(3) == 0) 納品先コード変更(six_digits(random.between(1, destinations)));
-    h.タイトル = subjects[random.below(std::size(subjects))];
+    h.タイトル = subjects[random.below(subjects.size())];
     h.支払条件 = random.below(2) == 0 ? "月末締め翌月末払い" : "20日締め翌月末払い";
-    h.請求伝票備考A = remarks[random.below(std::size(remarks))];
+    h.請求伝票備考A = remarks[random.below(remarks.size())];
     for (int n = 0; n < lines; ++n)
         add_line(std::string("P").append(Format(random.between(1, products), "0000")), random.between(1, 20));
     合計計算();
 }
 
 // The header and lines in memory into the tables of a source kind, by the road of the live tables.
-void write_source(ado::Connection& main, const SourceTables& s, const std::string& number, bool prospect) {
+void write_source(ado::Connection& main, const SourceRow& s, const std::string& number, bool prospect) {
     constexpr const char* passing = "見本作成";  // a number that no invoice has
     実行環境.営業請求No = passing;
     請求ヘッダ.登録日付 = date_time_text(os::now());
@@ -105,7 +92,7 @@ void write_source(ado::Connection& main, const SourceTables& s, const std::strin
     }
     const std::string key = std::string(" WHERE 営業請求No = ").append(literal(passing));
     for (const auto& [table, from] :
-         {std::pair{s.header, "T営業請求"}, std::pair{s.lines, "T営業請求明細"}}) {
+         {std::pair{s.header_table, "T営業請求"}, std::pair{s.line_table, "T営業請求明細"}}) {
         std::string columns, values;
         for (const RenamedColumn& c : renamed_columns(table)) {
             columns.append(columns.empty() ? "[" : ",[").append(c.name).append("]");
@@ -130,11 +117,11 @@ void write_source(ado::Connection& main, const SourceTables& s, const std::strin
 }
 
 void make_sources(ado::Connection& main, Random& random) {
-    for (const SourceTables& s : sources) {
-        const SourceRow& row = source_row(s.kind);
+    for (const SourceKind kind : {SourceKind::quotation, SourceKind::order, SourceKind::delivery}) {
+        const SourceRow& s = source_row(kind);
         for (int n = 0; n < documents_of_a_kind; ++n) {
             begin_document(day_at(n, documents_of_a_kind, 9));
-            const bool without_lines = s.kind == SourceKind::delivery && n == documents_of_a_kind - 1;
+            const bool without_lines = kind == SourceKind::delivery && n == documents_of_a_kind - 1;
             fill_document(random, without_lines ? 0 : static_cast<int>(random.between(1, 6)));
             const bool prospect = s.prospects && n % 10 == 7;
             if (prospect) {
@@ -145,7 +132,7 @@ void make_sources(ado::Connection& main, Random& random) {
         }
         main.Execute(std::string("UPDATE A番号情報 SET 連番 = ") +
                      literal(Format(documents_of_a_kind, "00000000")) +
-                     " WHERE 番号ID = " + literal(row.number_id));
+                     " WHERE 番号ID = " + literal(s.number_id));
     }
 }
 

@@ -1,6 +1,7 @@
 // Random invoices in volume, written in large statements.
 #include "setup/generate.h"
 
+#include <array>
 #include <vector>
 
 #include "base/date.h"
@@ -22,12 +23,26 @@ constexpr std::size_t batch_bytes = 100'000;  // of one INSERT
 constexpr std::int64_t batch_rows = 50'000;   // of one transaction, headers and lines
 constexpr std::string_view writer = "generate";
 
-constexpr std::string_view titles[] = {
-    "事務用品代",   "月次納品分", "コピー用紙代", "什器一式",   "機器更新",       "消耗品代",
-    "保守料金",     "展示会備品", "新人研修資料", "年末贈答品", "移転に伴う備品", "臨時手配分",
-    "パソコン入替", "会議室備品", "防災用品",     "書籍代",
-};
-constexpr std::string_view terms[] = {"月末締翌月末払い", "20日締翌月20日払い", "納品後30日以内", "現金"};
+constexpr auto titles = std::to_array<std::string_view>({
+    "事務用品代",
+    "月次納品分",
+    "コピー用紙代",
+    "什器一式",
+    "機器更新",
+    "消耗品代",
+    "保守料金",
+    "展示会備品",
+    "新人研修資料",
+    "年末贈答品",
+    "移転に伴う備品",
+    "臨時手配分",
+    "パソコン入替",
+    "会議室備品",
+    "防災用品",
+    "書籍代",
+});
+constexpr auto terms =
+    std::to_array<std::string_view>({"月末締翌月末払い", "20日締翌月20日払い", "納品後30日以内", "現金"});
 
 struct Customer {
     std::string code, name, second_name, contact, staff, site, department, section;
@@ -106,9 +121,7 @@ void append(std::string& out, 通貨 value) {
         out += plain_number(value);
 }
 void append(std::string& out, std::string_view text) {
-    out += '\'';
-    for (char c : text) out.append(c == '\'' ? 2 : 1, c);
-    out += '\'';
+    append_literal(out, text);
 }
 void append(std::string& out, std::int16_t value) {
     append(out, std::to_string(value));
@@ -209,9 +222,9 @@ void fill_header(HeaderRecord& head, const Masters& m, const std::string& date, 
         head.納品先名称A = destination.name;
         head.納品先名称B = destination.second_name;
     }
-    head.タイトル = titles[random.below(std::size(titles))];
+    head.タイトル = titles[random.below(titles.size())];
     head.タイトル += " " + date.substr(0, 6);
-    head.支払条件 = terms[random.below(std::size(terms))];
+    head.支払条件 = terms[random.below(terms.size())];
     head.登録日付 = date + " 120000";
 }
 

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "base/text.h"
 #include "setup/schema.h"
 
 namespace kalvane::setup {
@@ -21,10 +20,6 @@ std::vector<std::string_view> split(std::string_view text, char mark) {
 }
 
 }  // namespace
-
-std::string literal(std::string_view text) {
-    return std::string("'").append(Replace(text, "'", "''")).append("'");
-}
 
 void insert_rows(ado::Connection& connection, std::string_view table, std::string_view columns,
                  const std::vector<Row>& rows) {

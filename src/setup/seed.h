@@ -4,6 +4,7 @@
 #include <string_view>
 #include <vector>
 
+#include "data/sql_text.h"
 #include "platform/ado/ado.h"
 
 namespace kalvane::setup {
@@ -22,7 +23,5 @@ using Row = std::vector<std::string>;
 void insert_rows(ado::Connection& connection, std::string_view table, std::string_view columns,
                  const std::vector<Row>& rows);
 void insert_seed(ado::Connection& connection, const Seed& seed);
-// The text as a literal, its quotes doubled.
-std::string literal(std::string_view text);
 
 }  // namespace kalvane::setup

@@ -44,7 +44,7 @@ BoxView::BoxView(const std::string& text, Buttons buttons, bool default_yes, QWi
     setPalette(palette);
 
     text_.setTextFormat(Qt::PlainText);
-    text_.setText(look::text(Replace(Replace(text, "\r\n", "\n"), "\r", "\n")));
+    text_.setText(look::text(unix_lines(text)));
     text_.setWordWrap(text_.sizeHint().width() > px(560));
     if (text_.wordWrap()) text_.setMinimumWidth(px(560));
     yes_button_.setText(asks_ ? QStringLiteral("はい") : QStringLiteral("OK"));

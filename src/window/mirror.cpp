@@ -312,7 +312,7 @@ void sync_widget(Mirror& m, bool entered) {
 }
 
 std::string model_text(const Control& c) {
-    if (c.kind == ControlKind::xText) return Replace(Replace(c.text, "\r\n", "\n"), "\r", "\n");
+    if (c.kind == ControlKind::xText) return unix_lines(c.text);
     return c.kind == ControlKind::xPass ? c.text : shown_text(c);
 }
 

@@ -24,6 +24,14 @@ TEST(Format, Currency) {
         EXPECT_EQ(Format(通貨::from_units(std::stoll(r[0])), r[1]), r[2]) << r[0] << ' ' << r[1];
 }
 
+TEST(Format, Patterns) {
+    for (const auto& r : test::table("0|# ; 1|#|.0 ; 2||.00 ; 3||.000 ; 4||.0000 ; 5|# ; -1|#")) {
+        const std::string tail = r.size() > 2 ? r[2] : "";
+        EXPECT_EQ(数値表示書式(std::stoi(r[0])), "#,###,###,##0" + tail);
+        EXPECT_EQ(数値SQL書式(std::stoi(r[0])), r[1] + "##########0" + tail);
+    }
+}
+
 TEST(Format, WholeNumbers) {
     for (const auto& r : test::table(R"(7|00|07 ; -7|##0|-7 ; 0|###| ; 100000000|00000000|100000000
         1234567|###,##0|1,234,567 ; 3|0.0|3.0 ; -9223372036854775808|0|-9223372036854775808)"))

@@ -130,9 +130,7 @@ std::string shown_text(const Control& c) {
     switch (c.kind) {
         case ControlKind::xNum: {
             if (c.typed) return *c.typed;
-            std::string pattern = "#,###,###,##0";
-            if (c.decimals > 0) pattern += "." + std::string(static_cast<std::size_t>(c.decimals), '0');
-            return Format(c.value, pattern);
+            return Format(c.value, 数値表示書式(c.decimals));
         }
         case ControlKind::combo:
             return is_entry(c, c.list_index) ? c.entries[static_cast<std::size_t>(c.list_index)] : "";

@@ -11,15 +11,6 @@
 namespace kalvane {
 namespace {
 
-bool is_digit(char ch) {
-    return ch >= '0' && ch <= '9';
-}
-
-bool is_code(char ch) {
-    return is_digit(ch) || (ch >= 'A' && ch <= 'Z') || (ch >= 'a' && ch <= 'z') || ch == '-' || ch == '_' ||
-           ch == '.' || ch == '/';
-}
-
 bool is_control_character(char32_t c) {
     return c < 0x20 || (c >= 0x7F && c < 0xA0);
 }
@@ -66,7 +57,7 @@ bool mode_takes_next(const Control& c, const std::string& content, std::string_v
         case InputMode::digits:
             return is_digit(ch);
         case InputMode::code:
-            return is_code(ch);
+            return is_code_character(ch);
         case InputMode::number:
             return number_takes(c, content + std::string(character));
         case InputMode::japanese:
@@ -128,7 +119,7 @@ bool type_character(Control& c, std::string_view character) {
 void paste_text(Control& c, std::string_view text) {
     if (!takes_keys(c)) return;
     std::string clean = valid_utf8(text);
-    if (c.kind == ControlKind::xText) clean = Replace(Replace(clean, "\r\n", "\n"), "\r", "\n");
+    if (c.kind == ControlKind::xText) clean = unix_lines(clean);
     std::string content;
     for (std::string_view character : characters(clean))
         if (takes_next(c, content, character)) content += character;
