@@ -1,12 +1,16 @@
+// What every installation begins with: codes, number series, tax rates, menu rows.
+//
 // How to add a code or a series: put a line into the rows of its table; the codes of a table run without a
 // gap, since their position in a list is their value. Raise schema_version.
+#include <array>
+
 #include "setup/content.h"
 #include "setup/seed.h"
 
 namespace kalvane::setup {
 namespace {
 
-constexpr Seed main_seeds[] = {
+constexpr auto main_seeds = std::to_array<Seed>({
     {"K消費税区分", "区分 名称", "1|税抜\n2|税込"},
     {"K消費税算出区分", "区分 名称", "0|無\n1|明細単位\n2|伝票単位\n3|請求単位"},
     {"K請求消費税表示区分", "区分 名称", "0|表示しない\n1|表示する"},
@@ -29,9 +33,9 @@ constexpr Seed main_seeds[] = {
      "16240|0|00000000|00000000\n"
      "16250|0|00000000|00000000\n"
      "01110|0|00000000|00000000"},
-};
+});
 
-constexpr Seed config_seeds[] = {
+constexpr auto config_seeds = std::to_array<Seed>({
     // printing asks for a right of its own
     {"Kalvane", "プログラムID 処理分類", "KalvaneInvoiceEntry|1\nKalvaneInvoicePrint|2"},
     {"動作環境定義",
@@ -40,7 +44,7 @@ constexpr Seed config_seeds[] = {
      "金曜バックアップ "
      "土曜バックアップ 日曜バックアップ",
      "001|000|00001|0|0|0|0|0|0|0|0|0|0|0"},
-};
+});
 
 }  // namespace
 
@@ -50,7 +54,7 @@ void fill_common(ado::Connection& main, ado::Connection& config) {
 }
 
 void fill_empty_company(ado::Connection& main) {
-    constexpr Seed seeds[] = {
+    constexpr auto seeds = std::to_array<Seed>({
         {"Mユーザ",
          "ID 名称 決算月 決算日 売上金額丸め方法 仕入金額丸め方法 売上数量少数以下桁数 売上単価少数以下桁数 "
          "仕入数量少数以下桁数 仕入単価少数以下桁数 在庫数量少数以下桁数 在庫単価少数以下桁数 "
@@ -64,7 +68,7 @@ void fill_empty_company(ado::Connection& main) {
          "処理分類7操作許可 処理分類8操作許可 処理分類9操作許可 操作許可 入力許可 修正許可 削除許可 印刷許可 "
          "プレビュ許可 テキスト出力許可 イメージ出力許可",
          "00001|担当者|000|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0|0"},
-    };
+    });
     for (const Seed& seed : seeds) insert_seed(main, seed);
 }
 

@@ -18,7 +18,7 @@ namespace {
 struct Area {
     std::string_view postal, address, area_code, staff;
 };
-constexpr Area areas[] = {
+constexpr auto areas = std::to_array<Area>({
     {"221-00", "神奈川県横浜市神奈川区青木町", "045", "00002"},
     {"104-00", "東京都中央区京橋", "03", "00003"},
     {"530-00", "大阪府大阪市北区中之島", "06", "00005"},
@@ -29,13 +29,13 @@ constexpr Area areas[] = {
     {"060-00", "北海道札幌市中央区北一条西", "011", "00004"},
     {"730-00", "広島県広島市中区大手町", "082", "00008"},
     {"600-80", "京都府京都市下京区四条通", "075", "00006"},
-};
+});
 
 struct Partner {
     std::string_view name, short_name, kana, contact = "", second_name = "";
 };
 
-constexpr Partner customers[] = {
+constexpr auto customers = std::to_array<Partner>({
     {"株式会社青葉製作所", "青葉製作所", "ｱｵﾊﾞｾｲｻｸｼｮ", "石川 和也"},
     {"有限会社いずみ工務店", "いずみ工務店", "ｲｽﾞﾐｺｳﾑﾃﾝ", "泉 正人"},
     {"株式会社梅田システム", "梅田システム", "ｳﾒﾀﾞｼｽﾃﾑ", "中島 裕子"},
@@ -76,14 +76,14 @@ constexpr Partner customers[] = {
     {"株式会社新都心開発", "新都心開発", "ｼﾝﾄｼﾝｶｲﾊﾂ", "横山 大地"},
     {"有限会社宮本家具", "宮本家具", "ﾐﾔﾓﾄｶｸﾞ", "宮本 弘"},
     {"株式会社旧港興業", "旧港興業", "ｷｭｳｺｳｺｳｷﾞｮｳ", "高木 登"},
-};
+});
 
 // where they stand, by the customer's number
 struct Destination {
     Partner partner;
     int customer;
 };
-constexpr Destination destinations[] = {
+constexpr auto destinations = std::to_array<Destination>({
     {{"株式会社青葉製作所", "青葉 川崎工場", "ｱｵﾊﾞｶﾜｻｷ", "", "川崎工場"}, 1},
     {{"株式会社青葉製作所", "青葉 厚木工場", "ｱｵﾊﾞｱﾂｷﾞ", "", "厚木工場"}, 1},
     {{"有限会社いずみ工務店", "いずみ 資材置場", "ｲｽﾞﾐｼｻﾞｲ", "", "資材置場"}, 2},
@@ -104,9 +104,9 @@ constexpr Destination destinations[] = {
     {{"東海自動車部品株式会社", "東海 豊田", "ﾄｳｶｲﾄﾖﾀ", "", "豊田工場"}, 25},
     {{"現場直送", "現場直送", "ｹﾞﾝﾊﾞﾁｮｸｿｳ"}, 37},
     {{"株式会社旧港興業", "旧港 倉庫", "ｷｭｳｺｳｿｳｺ", "", "旧港倉庫"}, 40},
-};
+});
 
-constexpr Partner suppliers[] = {
+constexpr auto suppliers = std::to_array<Partner>({
     {"東和文具卸株式会社", "東和文具卸", "ﾄｳﾜﾌﾞﾝｸﾞｵﾛｼ"},
     {"株式会社日新紙業", "日新紙業", "ﾆｯｼﾝｼｷﾞｮｳ"},
     {"三栄オフィス家具株式会社", "三栄家具", "ｻﾝｴｲｶｸﾞ"},
@@ -122,9 +122,9 @@ constexpr Partner suppliers[] = {
     {"協和サービス株式会社", "協和サービス", "ｷｮｳﾜｻｰﾋﾞｽ"},
     {"株式会社南国青果", "南国青果", "ﾅﾝｺﾞｸｾｲｶ"},
     {"株式会社廃業商店", "廃業商店", "ﾊｲｷﾞｮｳｼｮｳﾃﾝ"},
-};
+});
 
-constexpr Partner makers[] = {
+constexpr auto makers = std::to_array<Partner>({
     {"ミナモ筆記具株式会社", "ミナモ筆記具", "ﾐﾅﾓﾋｯｷｸﾞ"},
     {"白鷺製紙株式会社", "白鷺製紙", "ｼﾗｻｷﾞｾｲｼ"},
     {"カシワ木工株式会社", "カシワ木工", "ｶｼﾜﾓｯｺｳ"},
@@ -133,14 +133,14 @@ constexpr Partner makers[] = {
     {"清流飲料株式会社", "清流飲料", "ｾｲﾘｭｳｲﾝﾘｮｳ"},
     {"あさぎり製菓株式会社", "あさぎり製菓", "ｱｻｷﾞﾘｾｲｶ"},
     {"クリーン化学株式会社", "クリーン化学", "ｸﾘｰﾝｶｶﾞｸ"},
-};
+});
 
 // Prospects; some have become a customer or a supplier.
 struct Prospect {
     Partner partner;
     std::string_view customer = "", supplier = "";
 };
-constexpr Prospect prospects[] = {
+constexpr auto prospects = std::to_array<Prospect>({
     {{"株式会社新横浜ホテル", "新横浜ホテル", "ｼﾝﾖｺﾊﾏﾎﾃﾙ"}},
     {{"合同会社スズラン", "スズラン", "ｽｽﾞﾗﾝ"}},
     {{"株式会社横浜機材", "横浜機材", "ﾖｺﾊﾏｷｻﾞｲ"}, "000031"},
@@ -149,9 +149,14 @@ constexpr Prospect prospects[] = {
     {{"有限会社田原商店", "田原商店", "ﾀﾊﾗｼｮｳﾃﾝ"}},
     {{"社会福祉法人ひまわり", "ひまわり", "ﾋﾏﾜﾘ"}},
     {{"株式会社港湾サービス", "港湾サービス", "ｺｳﾜﾝｻｰﾋﾞｽ"}},
-};
+});
 
-static_assert(std::size(customers) == 40 && std::size(destinations) == 20 && std::size(suppliers) == 15);
+static_assert(customers.size() == 40 && destinations.size() == 20 && suppliers.size() == 15);
+
+template <class Table>
+constexpr int count(const Table& table) {
+    return static_cast<int>(table.size());
+}
 
 constexpr std::string_view address_columns =
     "コード 名称A 名称B 略称 カナ 郵便番号 住所A 住所B 電話 電話番号 担当者コード ";
@@ -164,7 +169,7 @@ std::string telephone(const Area& area, int exchange, int number) {
 // The values of address_columns for the i-th partner (from 0) of a family; the family's number tells their
 // telephones apart.
 Row address_row(const Partner& partner, int i, int family) {
-    const Area& area = areas[static_cast<std::size_t>(i) % std::size(areas)];
+    const Area& area = areas[static_cast<std::size_t>(i) % areas.size()];
     const std::string number = telephone(area, family, 1001 + i * 37);
     return {Format(i + 1, "000000"),
             std::string(partner.name),
@@ -190,7 +195,7 @@ struct TaxClasses {
     int unit, method, position, tax, adjustment;
 };
 constexpr TaxClasses tax_classes(int i) {
-    constexpr int methods[] = {0, 5, 9};
+    constexpr auto methods = std::to_array<int>({0, 5, 9});
     const int unit = i % 4, method = i / 4 % 3, position = i / 12 % 3, sum = unit + method + position;
     return {unit, methods[method], position - 1, sum % 2 + 1, sum % 4 < 2 ? 1 : 0};
 }
@@ -201,7 +206,7 @@ std::string status(int i, int last) {
 
 std::vector<Row> customer_rows() {
     std::vector<Row> rows;
-    for (int i = 0; i < 40; ++i) {
+    for (int i = 0; i < count(customers); ++i) {
         const Partner& partner = customers[i];
         const TaxClasses c = tax_classes(i);
         Row row = address_row(partner, i, 1);
@@ -216,17 +221,22 @@ std::vector<Row> customer_rows() {
 
 // Two contacts for every second customer, with numbers of their own.
 std::vector<Row> contact_rows() {
-    constexpr Partner people[] = {
-        {"安藤 さやか", "", "ｱﾝﾄﾞｳ ｻﾔｶ"}, {"本田 克己", "", "ﾎﾝﾀﾞ ｶﾂﾐ"},  {"久保 玲奈", "", "ｸﾎﾞ ﾚｲﾅ"},
-        {"野口 悟", "", "ﾉｸﾞﾁ ｻﾄﾙ"},      {"菊地 あゆみ", "", "ｷｸﾁ ｱﾕﾐ"}, {"新井 勝", "", "ｱﾗｲ ﾏｻﾙ"},
-        {"古川 奈々", "", "ﾌﾙｶﾜ ﾅﾅ"},     {"大西 弘樹", "", "ｵｵﾆｼ ﾋﾛｷ"},
-    };
+    constexpr auto people = std::to_array<Partner>({
+        {"安藤 さやか", "", "ｱﾝﾄﾞｳ ｻﾔｶ"},
+        {"本田 克己", "", "ﾎﾝﾀﾞ ｶﾂﾐ"},
+        {"久保 玲奈", "", "ｸﾎﾞ ﾚｲﾅ"},
+        {"野口 悟", "", "ﾉｸﾞﾁ ｻﾄﾙ"},
+        {"菊地 あゆみ", "", "ｷｸﾁ ｱﾕﾐ"},
+        {"新井 勝", "", "ｱﾗｲ ﾏｻﾙ"},
+        {"古川 奈々", "", "ﾌﾙｶﾜ ﾅﾅ"},
+        {"大西 弘樹", "", "ｵｵﾆｼ ﾋﾛｷ"},
+    });
     std::vector<Row> rows;
-    for (int i = 0; i < 40; i += 2)
+    for (int i = 0; i < count(customers); i += 2)
         for (int n = 0; n < 2; ++n) {
-            const Partner& person = people[static_cast<std::size_t>(i / 2 * 3 + n) % std::size(people)];
+            const Partner& person = people[static_cast<std::size_t>(i / 2 * 3 + n) % people.size()];
             const std::string number =
-                telephone(areas[static_cast<std::size_t>(i) % std::size(areas)], 9, 2001 + i * 11 + n);
+                telephone(areas[static_cast<std::size_t>(i) % areas.size()], 9, 2001 + i * 11 + n);
             rows.push_back({Format(i + 1, "000000"), Format(n + 1, "00000"), std::string(person.name),
                             std::string(person.kana), number, Replace(number, "-", ""),
                             "contact" + Format(i + 1, "00") + Format(n + 1, "0") + "@example.jp"});
@@ -247,16 +257,16 @@ void fill_demo_partners(ado::Connection& main) {
                 contact_rows());
 
     std::vector<Row> rows;
-    for (int i = 0; i < 20; ++i) {
+    for (int i = 0; i < count(destinations); ++i) {
         Row row = address_row(destinations[i].partner, i, 2);
-        row.back() = areas[static_cast<std::size_t>(destinations[i].customer - 1) % std::size(areas)].staff;
+        row.back() = areas[static_cast<std::size_t>(destinations[i].customer - 1) % areas.size()].staff;
         append(row, {i == 18 || i % 7 == 3 ? "1" : "0", status(i, 19)});
         rows.push_back(std::move(row));
     }
     insert_rows(main, "M納品先", address + "名称入力区分 取引状況区分", rows);
 
     rows.clear();
-    for (int i = 0; i < 15; ++i) {
+    for (int i = 0; i < count(suppliers); ++i) {
         Row row = address_row(suppliers[i], i, 3);
         const TaxClasses c = tax_classes(i * 7);
         append(row, {Format(c.tax, "0"), Format(c.unit, "0"), Format(c.method, "0"), Format(c.position, "0"),
@@ -270,14 +280,14 @@ void fill_demo_partners(ado::Connection& main) {
                 rows);
 
     rows.clear();
-    for (int i = 0; i < static_cast<int>(std::size(makers)); ++i) {
+    for (int i = 0; i < count(makers); ++i) {
         rows.push_back(address_row(makers[i], i, 4));
         append(rows.back(), {"0"});
     }
     insert_rows(main, "Mメーカ", address + "取引状況区分", rows);
 
     rows.clear();
-    for (int i = 0; i < static_cast<int>(std::size(prospects)); ++i) {
+    for (int i = 0; i < count(prospects); ++i) {
         rows.push_back(address_row(prospects[i].partner, i, 5));
         append(rows.back(), {std::string(prospects[i].customer), std::string(prospects[i].supplier), "0"});
     }

@@ -2,6 +2,7 @@
 //
 // How to add a product: put a row at the end of the table; its code follows from the position, its tax-in
 // prices from the class. Raise schema_version.
+#include <array>
 #include <string>
 
 #include "base/currency.h"
@@ -37,7 +38,7 @@ struct Product {
     int status = 0;                  // 取扱状況区分
 };
 
-constexpr Product products[] = {
+constexpr auto products = std::to_array<Product>({
     {"油性ボールペン 黒", "0.7mm", "ﾕｾｲﾎﾞｰﾙﾍﾟﾝ ｸﾛ", "本", 1, 0, 12000, 9600, 6200, 1, 1},
     {"油性ボールペン 赤", "0.7mm", "ﾕｾｲﾎﾞｰﾙﾍﾟﾝ ｱｶ", "本", 1, 0, 12000, 9600, 6200, 1, 1},
     {"Writer's ゲルペン", "0.5mm", "ﾗｲﾀｰｽﾞｹﾞﾙﾍﾟﾝ", "本", 1, 0, 18000, 14850, 9300, 12, 1},
@@ -124,8 +125,8 @@ constexpr Product products[] = {
     // lines of remarks: the text that the operator typed stays
     {"備考", "", "ﾋﾞｺｳ", "", 9, 4, 0, 0, 0},
     {"摘要", "", "ﾃｷﾖｳ", "", 9, 4, 0, 0, 0},
-};
-static_assert(std::size(products) == 80);
+});
+static_assert(products.size() == 80);
 
 std::string price_text(long long hundredths) {
     return plain_number(通貨::from_units(hundredths * 100));
@@ -147,7 +148,7 @@ std::string partner_code(int number) {
 void fill_demo_products(ado::Connection& main) {
     insert_seed(main, classes);
     std::vector<Row> rows;
-    for (int i = 0; i < static_cast<int>(std::size(products)); ++i) {
+    for (int i = 0; i < static_cast<int>(products.size()); ++i) {
         const Product& p = products[i];
         const std::string taxed = p.tax == Tax::untaxed ? "1" : p.tax == Tax::previous ? "2" : "0";
         const std::string kind = p.tax == Tax::tax_in                             ? "2"

@@ -2,6 +2,7 @@
 //
 // How to add an operator: put a row into the table; a right of '0' allows, every other value denies. Raise
 // schema_version.
+#include <array>
 #include <string>
 
 #include "setup/content.h"
@@ -10,7 +11,7 @@
 namespace kalvane::setup {
 namespace {
 
-constexpr Seed seeds[] = {
+constexpr auto seeds = std::to_array<Seed>({
     {"Mユーザ",
      "ID 名称 郵便番号 住所A 住所B 代表者名 電話 FAX HOMEPAGE EMAIL 銀行口座A 銀行口座B 決算月 決算日 "
      "締日区分 締日 "
@@ -50,7 +51,7 @@ constexpr Seed seeds[] = {
      "テキスト出力許可 イメージ出力許可",
      "00006|Kalvane|KalvaneInvoiceEntry|0|0|0|1|0|0|0|0\n"
      "00009|Kalvane|KalvaneInvoicePrint|0|0|0|0|1|0|1|1"},
-};
+});
 
 // menu: the rights to the ten classes of programs, acts: those to start, input, modify, delete, print,
 // preview, text output, image output; '0' allows.
@@ -59,7 +60,7 @@ struct Operator {
     std::string_view menu = "0000000000", acts = "00000000";
 };
 
-constexpr Operator operators[] = {
+constexpr auto operators = std::to_array<Operator>({
     {"00001", "佐藤 誠", "ｻﾄｳ ﾏｺﾄ", "000", "003", "006", "0", "0", "", "sato", "6"},
     {"00002", "鈴木 陽子", "ｽｽﾞｷ ﾖｳｺ", "000", "001", "001", "0", "0", "", "suzuki", "3"},
     {"00003", "田中 浩二", "ﾀﾅｶ ｺｳｼﾞ", "000", "001", "002", "0", "0", "", "tanaka", "3"},
@@ -80,7 +81,7 @@ constexpr Operator operators[] = {
      "11111111"},
     // has left
     {"00012", "清水 勇", "ｼﾐｽﾞ ｲｻﾑ", "000", "001", "001", "0", "1", "20230331", "", "0"},
-};
+});
 
 }  // namespace
 

@@ -2,6 +2,7 @@
 #include "setup/install.h"
 
 #include <algorithm>
+#include <array>
 #include <filesystem>
 #include <fstream>
 #include <optional>
@@ -23,21 +24,23 @@ namespace {
 
 constexpr std::string_view provider = "Microsoft.ACE.OLEDB.12.0";
 
-constexpr std::string_view folders[] = {"prgbin", "conf", "data", "report", "manual", "documents"};
-constexpr std::string_view programs[] = {"KalvaneOperator", "KalvaneSetup", "KalvaneInvoiceEntry"};
+constexpr auto folders =
+    std::to_array<std::string_view>({"prgbin", "conf", "data", "report", "manual", "documents"});
+constexpr auto programs =
+    std::to_array<std::string_view>({"KalvaneOperator", "KalvaneSetup", "KalvaneInvoiceEntry"});
 
 // The configuration database comes last: with its version an installation is complete.
 struct DatabaseFile {
     std::string_view file;
     Database kind;
 };
-constexpr DatabaseFile databases[] = {
+constexpr auto databases = std::to_array<DatabaseFile>({
     {main_file, main_database},
     {"data/gnrdb.accdb", other_database},
     {"report/repdb.accdb", other_database},
     {"report/repfrmdb.accdb", other_database},
     {config_file, config_database},
-};
+});
 
 constexpr std::string_view manual_text =
     "請求書入力\r\n\r\n"
@@ -78,8 +81,8 @@ void write_manual(const fs::path& root) {
 }
 
 void fill_databases(const CreateRequest& request, const std::string& root) {
-    ado::Connection open[std::size(databases)];
-    for (std::size_t i = 0; i < std::size(databases); ++i) {
+    std::array<ado::Connection, databases.size()> open;
+    for (std::size_t i = 0; i < databases.size(); ++i) {
         open_database(open[i], root, databases[i].file, ado::Access::owner);
         open[i].Execute("BEGIN");
         for (const std::string& sql : schema_statements(databases[i].kind)) open[i].Execute(sql);
@@ -87,8 +90,8 @@ void fill_databases(const CreateRequest& request, const std::string& root) {
                     {{std::to_string(schema_version), request.content == Content::demo ? "demo" : "empty",
                       date_time_text(os::now())}});
     }
-    ado::Connection& main = open[0];
-    ado::Connection& config = open[std::size(databases) - 1];
+    ado::Connection& main = open.front();
+    ado::Connection& config = open.back();
     fill_common(main, config);
     if (request.content == Content::demo)
         fill_demo_company(main);
@@ -108,8 +111,8 @@ std::string key_file(const std::string& root) {
 }
 
 // Operators of the demonstration who sign on with a PIN.
-constexpr std::pair<std::string_view, std::string_view> demo_pins[] = {{"00002", "SUZUKI2"},
-                                                                       {"00003", "TANAKA3"}};
+constexpr auto demo_pins = std::to_array<std::pair<std::string_view, std::string_view>>(
+    {{"00002", "SUZUKI2"}, {"00003", "TANAKA3"}});
 
 }  // namespace
 

@@ -21,7 +21,7 @@ struct PlainTable {
 
 constexpr unsigned all_databases = main_database | config_database | other_database;
 
-constexpr PlainTable plain_tables[] = {
+constexpr auto plain_tables = std::to_array<PlainTable>({
     {.name = "セットアップ情報", .databases = all_databases, .keys = "版", .texts = "内容 作成日時"},
 
     // configuration
@@ -175,7 +175,7 @@ constexpr PlainTable plain_tables[] = {
     {.name = "K社員区分", .keys = "区分", .texts = "名称"},
     {.name = "K使用状況区分", .keys = "区分", .texts = "名称"},
     {.name = "K稼動状況区分", .keys = "区分", .texts = "名称"},
-};
+});
 
 // A document table, derived from the columns of the invoice: its own words take the place of the invoice's.
 enum class Shape { live, history, source };
@@ -191,7 +191,7 @@ struct DocumentTable {
 constexpr std::string_view header_prospects = "得意先対応先区分 納品先対応先区分";
 constexpr std::string_view line_prospects = "仕入先対応先区分";
 
-constexpr DocumentTable document_tables[] = {
+constexpr auto document_tables = std::to_array<DocumentTable>({
     {"T営業請求", false, Shape::live},
     {"T営業請求明細", true, Shape::live},
     {"R営業請求", false, Shape::history},
@@ -202,14 +202,14 @@ constexpr DocumentTable document_tables[] = {
     {"T顧客注文明細", true, Shape::source, "顧客注文", "注文", line_prospects},
     {"T営業納品", false, Shape::source, "営業納品", "納品"},
     {"T営業納品明細", true, Shape::source, "営業納品", "納品"},
-};
+});
 
 struct Index {
     std::string_view table;
     std::string_view columns;
 };
 
-constexpr Index indexes[] = {
+constexpr auto indexes = std::to_array<Index>({
     // document lists and stepping: by date and number, by customer, by destination, by number
     {"T営業請求", "営業請求日付 営業請求No"},
     {"T営業請求", "事業所コード 営業請求日付 営業請求No"},
@@ -250,7 +250,7 @@ constexpr Index indexes[] = {
     {"プログラム稼動履歴", "実行日付"},
     {"プログラム連携情報", "受信プログラムID 発信日時"},
     {"プログラムクリップボード明細", "貼付プログラムID 貼付日時"},
-};
+});
 
 // ---- the tables above, checked
 
