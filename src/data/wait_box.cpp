@@ -4,14 +4,19 @@
 #include "platform/screen/host.h"
 
 namespace kalvane {
+namespace {
+
+constexpr Part parts[] = {{.control = &msgお待ち.lab_msg,
+                           .name = "lab_msg",
+                           .kind = ControlKind::label,
+                           .caption = "しばらくお待ちください。"}};
+
+}  // namespace
 
 void お待ち表示() {
-    if (msgお待ち.controls.empty()) {
-        msgお待ち.name = "msgお待ち";
-        msgお待ち.Load = [](Form& form) { form.on_top = true; };
-        add_control(msgお待ち, msgお待ち.lab_msg, ControlKind::label, "lab_msg");
-        set_caption(msgお待ち.lab_msg, "しばらくお待ちください。");
-    }
+    // it may be standing already
+    if (msgお待ち.controls.empty())
+        build_form(msgお待ち, "msgお待ち", parts, [](Form& form) { form.on_top = true; });
     show_form(msgお待ち);
     pump(Pump::paint);
 }

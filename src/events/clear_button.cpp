@@ -10,7 +10,7 @@ namespace kalvane {
 
 bool 入力破棄確認(const std::string& question) {
     if (!実行環境.入力変更あり || ask("入力がありました。\r" + question, false)) return true;
-    離脱項目移動();
+    if (!process_ended()) 離脱項目移動();
     return false;
 }
 

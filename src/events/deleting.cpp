@@ -2,22 +2,16 @@
 #include "events/deleting.h"
 
 #include "data/wait_box.h"
-#include "document/document_date.h"
 #include "document/reference.h"
 #include "document/save_statements.h"
 #include "events/focus.h"
 #include "events/save_dialogue.h"
 #include "platform/screen/host.h"
-#include "session/sign_on.h"
 
 namespace kalvane {
 
 void 削除処理() {
-    if (!操作権限確認(業務メニュ, プログラムID, Operation::erase) || !登録可能日付確認()) {
-        message_box("操作権限がありません。");
-        離脱項目移動();
-        return;
-    }
+    if (!書込可否確認(Operation::erase)) return;
     const int referred = 他請求参照確認();
     if (referred == 1) {
         message_box("他の請求に参照済です。削除出来ません。");

@@ -152,6 +152,7 @@ void 離脱項目移動() {
 }
 
 void 未入力項目移動(const Gap& gap) {
+    お知らせ表示("必須項目が未入力です。");
     if (gap.area == Area::head) ヘッド番号移動(gap.place);
     if (gap.area != Area::lines) return;
     RunContext& r = 実行環境;

@@ -13,7 +13,7 @@ void 明細項目移動(Control& field);  // a hidden field passes to the next u
 void テイル項目移動(Control& field);
 // Back to the field that was left last.
 void 離脱項目移動();
-// To the gap of the mandatory check, with the line it lies on made current.
+// Says that something is missing and goes to the gap of the mandatory check, with its line made current.
 void 未入力項目移動(const Gap& gap);
 
 // May the field be entered? What must come before it is looked at, the row of a line field is made

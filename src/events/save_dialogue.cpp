@@ -12,7 +12,6 @@
 #include "events/launching.h"
 #include "platform/screen/host.h"
 #include "screen/screen_display.h"
-#include "session/sign_on.h"
 
 namespace kalvane {
 namespace {
@@ -20,43 +19,33 @@ namespace {
 constexpr const char* print_program = "KalvaneInvoicePrint";
 constexpr Colour change_colour = {Colour::Kind::rgb, 0xC00000};  // 192 as red
 
-struct Answer {
-    Control SaveQuestion::*button;
-    const char* name;
-    const char* caption;
-    std::int16_t result;
-};
-constexpr Answer answers[] = {
-    {&SaveQuestion::btn_いいえ, "btn_いいえ", "いいえ", 2},
-    {&SaveQuestion::btn_登録印刷, "btn_登録印刷", "登録印刷", 0},
-    {&SaveQuestion::btn_登録, "btn_登録", "登録", 1},
-};
-
-void answered(Control& c) {
-    for (const Answer& a : answers)
-        if (&(msg印刷確認.*a.button) == &c) 実行環境.印刷確認結果 = a.result;
+template <std::int16_t result>
+void answer(Control&) {
+    実行環境.印刷確認結果 = result;
     unload_form(msg印刷確認);
 }
 
-void build_question() {
-    SaveQuestion& q = msg印刷確認;
-    static_cast<Form&>(q) = Form{};
-    q.name = "msg印刷確認";
-    q.Load = [](Form&) { 実行環境.印刷確認結果 = 2; };
-    add_control(q, q.lab_inpmsg, ControlKind::label, "lab_inpmsg");
-    add_control(q, q.lab_msg, ControlKind::label, "lab_msg");
-    int tab_index = 0;
-    for (const Answer& a : answers) {
-        Control& b = q.*a.button;
-        b = Control{};
-        add_control(q, b, ControlKind::SSCommand, a.name);
-        b.caption = a.caption;
-        b.tab_index = tab_index++;
-        b.Click = answered;
-    }
-    q.active = &q.btn_いいえ;
-    q.cancel = &q.btn_いいえ;
-}
+constexpr auto parts = std::to_array<Part>({
+    {.control = &msg印刷確認.lab_inpmsg, .name = "lab_inpmsg", .kind = ControlKind::label},
+    {.control = &msg印刷確認.lab_msg, .name = "lab_msg", .kind = ControlKind::label},
+    {.control = &msg印刷確認.btn_いいえ,
+     .name = "btn_いいえ",
+     .kind = ControlKind::SSCommand,
+     .caption = "いいえ",
+     .Click = answer<2>,
+     .cancel = true,
+     .first = true},
+    {.control = &msg印刷確認.btn_登録印刷,
+     .name = "btn_登録印刷",
+     .kind = ControlKind::SSCommand,
+     .caption = "登録印刷",
+     .Click = answer<0>},
+    {.control = &msg印刷確認.btn_登録,
+     .name = "btn_登録",
+     .kind = ControlKind::SSCommand,
+     .caption = "登録",
+     .Click = answer<1>},
+});
 
 std::string confirmation_message() {
     std::string message;
@@ -77,17 +66,18 @@ void 登録要求() {
         登録処理();
         return;
     }
-    お知らせ表示("必須項目が未入力です。");
     未入力項目移動(gap);
 }
 
+bool 書込可否確認(Operation kind) {
+    if (操作権限確認(業務メニュ, プログラムID, kind) && 登録可能日付確認()) return true;
+    message_box("操作権限がありません。");
+    離脱項目移動();
+    return false;
+}
+
 void 登録処理() {
-    const Operation kind = 実行環境.新規入力中 ? Operation::input : Operation::modify;
-    if (!操作権限確認(業務メニュ, プログラムID, kind) || !登録可能日付確認()) {
-        message_box("操作権限がありません。");
-        離脱項目移動();
-        return;
-    }
+    if (!書込可否確認(実行環境.新規入力中 ? Operation::input : Operation::modify)) return;
     std::int16_t result = 2;
     登録確認表示(プログラムID, confirmation_message(), result);
     if (process_ended()) return;
@@ -105,8 +95,8 @@ void 登録処理() {
 }
 
 void 登録確認表示(const std::string& title, const std::string& message, std::int16_t& result) {
-    build_question();
     SaveQuestion& q = msg印刷確認;
+    build_form(q, "msg印刷確認", parts, [](Form&) { 実行環境.印刷確認結果 = 2; });
     set_form_caption(q, title);
     load_form(q);
     set_caption(q.lab_inpmsg, message);

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "platform/screen/form.h"
+#include "session/sign_on.h"
 
 namespace kalvane {
 
@@ -15,6 +16,9 @@ inline SaveQuestion msg印刷確認;
 
 // btn_登録: the mandatory check, then 登録処理.
 void 登録要求();
+// The right to an operation that writes, and the date of the document. Without them: a box, back to the field
+// that was left, and false.
+bool 書込可否確認(Operation kind);
 // Right and date, reference, tax difference, question, statements, print, cleared screen.
 void 登録処理();
 // Shows the question modally; result 0 save and print, 1 save, 2 no or closed by any other way.

@@ -114,64 +114,65 @@ void load(Form&) {
     ログイン担当者検索();
 }
 
-struct Part {
-    Control SignOnBox::*control;
-    ControlKind kind;
-    const char* name;
-    const char* caption;
-    InputMode mode;
-    int max_length;
-    Handler click;
-};
 void to_code(Control&) {
     set_focus(box().担当者コード);
 }
 void to_pin(Control&) {
     set_focus(box().暗証番号);
 }
-constexpr Part parts[] = {
-    {&SignOnBox::itm_ttl_担当者コード, ControlKind::label, "itm_ttl_担当者コード", "担当者コード",
-     InputMode::none, 0, to_code},
-    {&SignOnBox::担当者コード, ControlKind::xField, "担当者コード", "", InputMode::digits, 5, nullptr},
-    {&SignOnBox::itm_ttl_担当者名, ControlKind::label, "itm_ttl_担当者名", "担当者名", InputMode::none, 0,
-     to_pin},
-    {&SignOnBox::担当者名, ControlKind::xField, "担当者名", "", InputMode::none, 0, nullptr},
-    {&SignOnBox::itm_ttl_暗証番号, ControlKind::label, "itm_ttl_暗証番号", "暗証番号", InputMode::none, 0,
-     to_pin},
-    {&SignOnBox::暗証番号, ControlKind::xPass, "暗証番号", "", InputMode::plain, 20, nullptr},
-    {&SignOnBox::btn_OK, ControlKind::SSCommand, "btn_OK", "OK", InputMode::none, 0, ok_clicked},
-    {&SignOnBox::btn_キャンセル, ControlKind::SSCommand, "btn_キャンセル", "キャンセル", InputMode::none, 0,
-     cancel_clicked},
-};
-
-void build() {
-    SignOnBox& b = box();
-    static_cast<Form&>(b) = Form{};
-    b.name = "msg暗証番号確認";
-    int tab_index = 0;
-    for (const Part& p : parts) {
-        Control& c = b.*p.control;
-        c = Control{};
-        add_control(b, c, p.kind, p.name);
-        c.caption = p.caption;
-        c.mode = p.mode;
-        c.max_length = p.max_length;
-        c.Click = p.click;
-        c.tab_index = tab_index++;
-    }
-    b.担当者コード.LostFocus = code_left;
-    b.担当者名.GotFocus = to_pin;
-    b.暗証番号.GotFocus = [](Control&) {
-        if (box().担当者コード.text.empty()) set_focus(box().担当者コード);
-    };
-    b.cancel = &b.btn_キャンセル;
-    b.Load = load;
+void pin_entered(Control& c) {
+    if (box().担当者コード.text.empty()) to_code(c);
 }
+
+constexpr auto parts = std::to_array<Part>({
+    {.control = &msg暗証番号確認.itm_ttl_担当者コード,
+     .name = "itm_ttl_担当者コード",
+     .kind = ControlKind::label,
+     .caption = "担当者コード",
+     .Click = to_code},
+    {.control = &msg暗証番号確認.担当者コード,
+     .name = "担当者コード",
+     .kind = ControlKind::xField,
+     .mode = InputMode::digits,
+     .max_length = 5,
+     .LostFocus = code_left},
+    {.control = &msg暗証番号確認.itm_ttl_担当者名,
+     .name = "itm_ttl_担当者名",
+     .kind = ControlKind::label,
+     .caption = "担当者名",
+     .Click = to_pin},
+    {.control = &msg暗証番号確認.担当者名,
+     .name = "担当者名",
+     .kind = ControlKind::xField,
+     .GotFocus = to_pin},
+    {.control = &msg暗証番号確認.itm_ttl_暗証番号,
+     .name = "itm_ttl_暗証番号",
+     .kind = ControlKind::label,
+     .caption = "暗証番号",
+     .Click = to_pin},
+    {.control = &msg暗証番号確認.暗証番号,
+     .name = "暗証番号",
+     .kind = ControlKind::xPass,
+     .mode = InputMode::plain,
+     .max_length = 20,
+     .GotFocus = pin_entered},
+    {.control = &msg暗証番号確認.btn_OK,
+     .name = "btn_OK",
+     .kind = ControlKind::SSCommand,
+     .caption = "OK",
+     .Click = ok_clicked},
+    {.control = &msg暗証番号確認.btn_キャンセル,
+     .name = "btn_キャンセル",
+     .kind = ControlKind::SSCommand,
+     .caption = "キャンセル",
+     .Click = cancel_clicked,
+     .cancel = true},
+});
 
 }  // namespace
 
 void 暗証番号確認表示(const std::string& caption) {
-    build();
+    build_form(box(), "msg暗証番号確認", parts, load);
     set_form_caption(box(), caption);
     show_modal(box());
 }

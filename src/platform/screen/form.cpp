@@ -44,6 +44,28 @@ Control& add_control(Form& form, Control& c, ControlKind kind, std::string_view 
     return c;
 }
 
+void build_form(Form& form, std::string_view name, std::span<const Part> parts, void (*Load)(Form&)) {
+    form = Form{};
+    form.name = std::string(name);
+    form.Load = Load;
+    int tab_index = 0;
+    for (const Part& p : parts) {
+        Control& c = *p.control;
+        c = Control{};
+        add_control(form, c, p.kind, p.name);
+        c.caption = std::string(p.caption);
+        c.mode = p.mode;
+        c.max_length = p.max_length;
+        c.tab_stop = p.tab_stop;
+        c.tab_index = tab_index++;
+        c.Click = p.Click;
+        c.GotFocus = p.GotFocus;
+        c.LostFocus = p.LostFocus;
+        if (p.cancel) form.cancel = &c;
+        if (p.first) form.active = &c;
+    }
+}
+
 void load_form(Form& form) {
     if (form.loaded || process_ended()) return;
     form.loaded = true;

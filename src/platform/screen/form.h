@@ -1,7 +1,11 @@
 // Forms, the focus and the events. Each form keeps its active control; one routine moves the focus and
 // raises leave and enter; every operator event enters by one dispatch.
+//
+// How to build a form: a struct over Form with its controls and one global of it, a constexpr table of Parts
+// in the tab order, and build_form() before it is shown. What depends on the moment is written by its Load.
 #pragma once
 #include <functional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,6 +57,24 @@ void set_focus(Control& c);
 void commit_field(Form& form);
 // Tab and Shift+Tab: the leave first, then the next stop is looked for, round the end.
 void move_focus(Form& form, bool forward);
+
+// --- building a form from a table
+struct Part {
+    Control* control;
+    std::string_view name;
+    ControlKind kind;
+    std::string_view caption = {};
+    InputMode mode = InputMode::none;
+    int max_length = 0;
+    bool tab_stop = true;
+    Handler Click = nullptr, GotFocus = nullptr, LostFocus = nullptr;
+    bool cancel = false;  // the button that Escape clicks
+    bool first = false;   // has the focus when the form comes up; else the first stop has it
+};
+// Makes form and controls afresh, whatever they held; the form is not loaded. The tab order is the table's.
+void build_form(Form& form, std::string_view name, std::span<const Part> parts, void (*Load)(Form&));
+// Enters a control into its form, with its kind, name and row.
+Control& add_control(Form& form, Control& c, ControlKind kind, std::string_view name, int row = -1);
 
 // --- the life of forms; open_forms has the one on top last
 inline std::vector<Form*> open_forms;
@@ -113,8 +135,5 @@ void turn_wheel(Form& form, int notches);  // negative is toward the operator
 void scroll_to(Control& bar, int position);
 bool close_form(Form& form);   // by its frame; false when it was refused
 void press_focus(Control& c);  // a click of the mouse into a field
-
-// Enters a control into its form, with its kind, name and row.
-Control& add_control(Form& form, Control& c, ControlKind kind, std::string_view name, int row = -1);
 
 }  // namespace kalvane
