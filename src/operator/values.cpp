@@ -17,11 +17,6 @@ bool holds_number(const Control& c) {
     return c.kind == Kind::check || c.kind == Kind::option || c.kind == Kind::scroll;
 }
 
-bool is_captioned(const Control& c) {
-    return c.kind == Kind::SSCommand || c.kind == Kind::CommandButton || c.kind == Kind::SSPanel ||
-           c.kind == Kind::label || c.kind == Kind::xLabel;
-}
-
 std::string flag(bool on) {
     return on ? "true" : "false";
 }
@@ -74,7 +69,7 @@ constexpr std::array properties{
 std::string shown_entry(const Form& form, const Control& c) {
     const bool focused = form.active == &c;
     const std::string value = property_text(c, default_property(c)).value_or("");
-    if (value.empty() && is_captioned(c) && !focused) return "";
+    if (value.empty() && (is_button(c) || is_panel(c)) && !focused) return "";
     std::string text = label_of(c) + "=" + on_one_line(value);
     if (holds_number(c) && !c.caption.empty()) text += " " + on_one_line(c.caption);
     if (!c.enabled) text = "(" + text + ")";
@@ -120,7 +115,7 @@ Control* control_of(std::string_view label) {
 std::string_view default_property(const Control& c) {
     if (c.kind == Kind::SSTab) return "Tab";
     if (c.kind == Kind::xNum || holds_number(c)) return "Value";
-    if (is_captioned(c)) return "Caption";
+    if ((is_button(c) || is_panel(c))) return "Caption";
     return c.kind == Kind::ListView ? "" : "Text";
 }
 

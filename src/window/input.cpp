@@ -41,18 +41,6 @@ std::optional<Key> key_of(const QKeyEvent& event) {
     return std::nullopt;
 }
 
-bool is_button(const Control& c) {
-    return c.kind == ControlKind::SSCommand || c.kind == ControlKind::CommandButton;
-}
-
-bool is_panel(const Control& c) {
-    return c.kind == ControlKind::SSPanel || c.kind == ControlKind::label || c.kind == ControlKind::xLabel;
-}
-
-bool acts_on_space(const Control& c) {
-    return is_button(c) || c.kind == ControlKind::check || c.kind == ControlKind::option;
-}
-
 // Keys that stay with a text over several lines.
 bool moves_in_memo(Key key) {
     return key == Key::Enter || key == Key::Up || key == Key::Down;
@@ -143,7 +131,7 @@ bool FormView::mouse(Mirror& m, QEvent& event) {
         if (press && page >= 0) act([&] { choose(c, page); });
         return true;
     }
-    if (is_button(c) || c.kind == ControlKind::check || c.kind == ControlKind::option) return false;
+    if (acts_on_space(c)) return false;
     if (c.kind == ControlKind::ListView) {
         const QModelIndex at = static_cast<QTableView*>(m.widget)->indexAt(mouse.position().toPoint());
         if (press || twice)

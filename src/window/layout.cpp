@@ -11,10 +11,6 @@ namespace {
 
 constexpr int margin = 12, gap = 6, line = 28, column = 7;
 
-bool is_button(const Control& c) {
-    return c.kind == ControlKind::SSCommand || c.kind == ControlKind::CommandButton;
-}
-
 bool is_wide(const Control& c) {
     return c.kind == ControlKind::ListView || c.kind == ControlKind::xText;
 }

@@ -126,6 +126,18 @@ void set_list(Control& c, std::vector<ListColumn> columns, std::vector<ListItem>
     ++c.revision;
 }
 
+bool is_button(const Control& c) {
+    return c.kind == ControlKind::SSCommand || c.kind == ControlKind::CommandButton;
+}
+
+bool is_panel(const Control& c) {
+    return c.kind == ControlKind::SSPanel || c.kind == ControlKind::label || c.kind == ControlKind::xLabel;
+}
+
+bool acts_on_space(const Control& c) {
+    return is_button(c) || c.kind == ControlKind::check || c.kind == ControlKind::option;
+}
+
 std::string shown_text(const Control& c) {
     switch (c.kind) {
         case ControlKind::xNum: {

@@ -130,5 +130,8 @@ void delete_content(Control& c);
 // True when the mode would take every character of the text; a pick or reply is refused whole otherwise.
 bool mode_takes(const Control& c, std::string_view text);
 bool takes_text(const Control& c);  // xField, xNum, xText, xPass, xZip, xKana, xTel
+bool is_button(const Control& c);
+bool is_panel(const Control& c);       // a panel or a label: shows a caption, never has the focus
+bool acts_on_space(const Control& c);  // a button, a check box, an option
 
 }  // namespace kalvane

@@ -15,10 +15,6 @@ bool usable(const Control& c) {
     return c.enabled && on_show(c);
 }
 
-bool is_button(const Control& c) {
-    return c.kind == ControlKind::SSCommand || c.kind == ControlKind::CommandButton;
-}
-
 // The control that a key or a drop-down goes to.
 Control* usable_active(const Form& form) {
     return form.active && usable(*form.active) ? form.active : nullptr;
@@ -124,7 +120,7 @@ void press_escape(Form& form) {
 }
 
 void press_space(Control& c) {
-    if (is_button(c) || c.kind == ControlKind::check || c.kind == ControlKind::option)
+    if (acts_on_space(c))
         click_now(c);
     else
         type_character(c, " ");

@@ -69,15 +69,8 @@ bool on_show(const Control& c) {
 }
 
 bool can_take_focus(const Control& c) {
-    switch (c.kind) {
-        case ControlKind::label:
-        case ControlKind::xLabel:
-        case ControlKind::SSPanel:
-        case ControlKind::scroll:
-            return false;
-        default:
-            return c.form && c.form->loaded && c.enabled && on_show(c);
-    }
+    if (is_panel(c) || c.kind == ControlKind::scroll) return false;
+    return c.form && c.form->loaded && c.enabled && on_show(c);
 }
 
 Control* next_stop(Form& form, int from) {
