@@ -10,6 +10,7 @@
 #include "data/query.h"
 #include "document/clearing.h"
 #include "document/loading.h"
+#include "events/clear_button.h"
 #include "events/events.h"
 #include "events/focus.h"
 #include "platform/os/clock.h"
@@ -33,20 +34,18 @@ void end_with(const char* words) {
     end_process();
 }
 
-// --- the screen's size in twips, from the notice label at its foot
-constexpr int notice_top = 10005, notice_height = 360, notice_width = 20250;
-struct FrameHeight {
-    int version;
-    int twips;
-};
-constexpr std::array<FrameHeight, 3> frame_heights{{{-1, 380}, {0, 420}, {1, 440}}};
-constexpr int frame_width = 90;
+// The screen's size: what its notice takes, with the frame around it. No size where nobody draws it.
+void size_screen(EntryScreen& s) {
+    constexpr int frame_width = 90, frame_height = 420;  // twips
+    const std::optional<Placement> notice = host.placement ? host.placement(s.お知らせ) : std::nullopt;
+    if (!notice) return;
+    s.width = notice->width + frame_width;
+    s.height = notice->top + notice->height + frame_height;
+}
 
 void 画面初期設定() {
     EntryScreen& s = screen();
-    for (const FrameHeight& f : frame_heights)
-        if (f.version == バージョン判定()) s.height = notice_top + notice_height + f.twips;
-    s.width = notice_width + frame_width;
+    size_screen(s);
     std::string caption = プログラムID;
     caption.append("（").append(実行環境.名称).append("）");
     set_form_caption(s, caption);
@@ -85,16 +84,13 @@ void 終了前確認(Form&, bool& cancel) {
     }
     if (!実行環境.新規入力中) {
         if (const Gap gap = 必須項目確認(); gap.area != Area::none) {
-            お知らせ表示("必須項目が未入力です。");
             未入力項目移動(gap);
             cancel = true;
             return;
         }
     }
-    if (実行環境.入力変更あり && !ask("入力がありました。\r終了しますか？", false)) {
-        if (process_ended()) return;
-        離脱項目移動();
-        cancel = true;
+    if (!入力破棄確認("終了しますか？")) {
+        cancel = !process_ended();
         return;
     }
     if (!process_ended()) 強制終了();
@@ -130,13 +126,13 @@ struct Title {
     const char* program;
     const char* title;
 };
-constexpr std::array<Title, 5> titles{{
+constexpr auto titles = std::to_array<Title>({
     {"Kalvane", "Kalvane"},
     {"Kalvaneデータ管理", "データ管理"},
     {"Kalvane補助機能", "補助機能"},
     {"Kalvaneサービスメニュ", "サービスメニュー"},
     {"Kalvaneマイメニュ", "マイメニュー"},
-}};
+});
 
 }  // namespace
 
@@ -195,13 +191,6 @@ void タイトル表示() {
     }
     if (!r.起動担当者コード.empty()) title += "「" + r.起動担当者名 + "」";
     set_caption(screen().prg_ttl, title);
-}
-
-int バージョン判定() {
-    int major = 0, minor = 0;
-    if (!os::os_version(major, minor)) return 0;
-    if (major != 6 || minor > 2) return -1;
-    return minor == 2 ? 1 : 0;
 }
 
 void 強制終了() {

@@ -13,8 +13,6 @@ bool 利用者情報読込();
 bool 検索条件名登録(const std::string& family, const std::string& program);
 // The title of the main screen: program, site, operator.
 void タイトル表示();
-// 0 for 6.0, 6.1 and when the platform tells none, 1 for 6.2, -1 for every other version.
-int バージョン判定();
 // The end without a question: the end of the desktop session, a lost display, the end of a script.
 void 強制終了();
 

@@ -93,6 +93,7 @@ void install_host() {
     host.message_box = show_box;
     host.run_modal = hands.host.run_modal ? hands.host.run_modal : run_modal;
     host.pump = hands.host.pump ? hands.host.pump : pump_lines;
+    host.placement = hands.host.placement;
     if (hands.set_turn) hands.set_turn(turn);
     host.sleep = os::sleep_ms;
     host.pick_file = [](std::string_view, const std::vector<std::pair<std::string, std::string>>&) {

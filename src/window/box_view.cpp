@@ -5,9 +5,9 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QVBoxLayout>
-#include <algorithm>
 
 #include "base/text.h"
+#include "window/layout.h"
 #include "window/look.h"
 #include "window/widgets.h"
 
@@ -15,12 +15,6 @@ namespace kalvane {
 namespace {
 
 constexpr int font_size = 14;
-
-double scale_of(const QWidget* parent) {
-    return parent ? std::max(1.0,
-                             std::min(parent->window()->width() / 1366.0, parent->window()->height() / 728.0))
-                  : 1.0;
-}
 
 }  // namespace
 
@@ -33,7 +27,7 @@ BoxView::BoxView(const std::string& text, Buttons buttons, bool default_yes, QWi
     : QWidget(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowCloseButtonHint | Qt::WindowTitleHint),
       asks_(buttons == Buttons::yes_no) {
     setWindowModality(Qt::ApplicationModal);
-    const double scale = scale_of(parent);
+    const double scale = parent ? scale_over(parent->window()->width(), parent->window()->height()) : 1.0;
     const auto px = [scale](int design) { return static_cast<int>(design * scale); };
     QFont font = this->font();
     font.setPixelSize(px(font_size));

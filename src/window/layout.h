@@ -1,6 +1,8 @@
 // Where the controls stand: tables of rectangles in design pixels, one a form. A form without a table gets a
 // layout from its controls alone.
 #pragma once
+#include <algorithm>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,6 +12,13 @@
 namespace kalvane {
 
 inline constexpr int design_width = 1366, design_height = 728, design_font = 13;
+inline constexpr int twips_a_pixel = 15;
+
+// How much what stands over a window of that size grows with it; 1 at least.
+inline double scale_over(int width, int height) {
+    return std::max(1.0, std::min(static_cast<double>(width) / design_width,
+                                  static_cast<double>(height) / design_height));
+}
 
 struct Area2 {
     int x = 0, y = 0, w = 0, h = 0;
@@ -41,14 +50,11 @@ struct Place {
 struct Layout {
     std::string_view form;
     int width, height;
-    const Place* begin_;
-    const Place* end_;
+    std::span<const Place> places;
     int row_step = 0;    // distance of the rows
     Area2 row = {};      // band of the first row
     Area2 heading = {};  // y and h of the headings
     Area2 frame = {};    // around the pages of the tab strip
-    const Place* begin() const { return begin_; }
-    const Place* end() const { return end_; }
 };
 
 const Layout* layout_of(std::string_view form);  // nullptr for a form without a table

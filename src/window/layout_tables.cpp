@@ -193,27 +193,14 @@ constexpr Layout layouts[] = {
     {.form = "frmKalvaneInvoiceEntry",
      .width = design_width,
      .height = design_height,
-     .begin_ = std::begin(entry_places),
-     .end_ = std::end(entry_places),
+     .places = entry_places,
      .row_step = 38,
      .row = {10, lines - 4, 1328, 38},
      .heading = {12, 200, 1326, 20},
      .frame = {8, body, 1350, 414}},
-    {.form = "msg暗証番号確認",
-     .width = 420,
-     .height = 196,
-     .begin_ = std::begin(sign_on_places),
-     .end_ = std::end(sign_on_places)},
-    {.form = "msg印刷確認",
-     .width = 500,
-     .height = 206,
-     .begin_ = std::begin(save_places),
-     .end_ = std::end(save_places)},
-    {.form = "msgお待ち",
-     .width = 360,
-     .height = 84,
-     .begin_ = std::begin(wait_places),
-     .end_ = std::end(wait_places)},
+    {.form = "msg暗証番号確認", .width = 420, .height = 196, .places = sign_on_places},
+    {.form = "msg印刷確認", .width = 500, .height = 206, .places = save_places},
+    {.form = "msgお待ち", .width = 360, .height = 84, .places = wait_places},
 };
 
 }  // namespace
@@ -225,7 +212,7 @@ const Layout* layout_of(std::string_view form) {
 }
 
 const Place* place_of(const Layout& layout, std::string_view control) {
-    for (const Place& p : layout)
+    for (const Place& p : layout.places)
         if (p.control == control) return &p;
     return nullptr;
 }

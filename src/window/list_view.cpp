@@ -11,8 +11,6 @@
 namespace kalvane {
 namespace {
 
-constexpr int twips_a_pixel = 15;
-
 const std::string* cell(const Control& c, int row, int column) {
     if (row < 0 || row >= static_cast<int>(c.items.size()) || column < 0) return nullptr;
     const ListItem& item = c.items[static_cast<std::size_t>(row)];

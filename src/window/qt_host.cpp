@@ -100,6 +100,14 @@ std::optional<std::string> pick_folder(std::string_view title, std::string_view 
     return program_file(picked(dialog));
 }
 
+std::optional<Placement> placement(const Control& c) {
+    for (const Placed& p : arrange(*c.form).controls)
+        if (p.control == &c)
+            return Placement{p.at.x * twips_a_pixel, p.at.y * twips_a_pixel, p.at.w * twips_a_pixel,
+                             p.at.h * twips_a_pixel};
+    return std::nullopt;
+}
+
 }  // namespace
 
 ScreenHost window_host() {
@@ -107,6 +115,7 @@ ScreenHost window_host() {
             .run_modal = run_modal,
             .pump = pump_events,
             .sleep = sleep,
+            .placement = placement,
             .pick_file = pick_file,
             .pick_folder = pick_folder};
 }

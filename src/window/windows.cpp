@@ -33,8 +33,7 @@ void size_view(FormView& view, QWidget* parent) {
     else if (!parent && design.width() >= design_width)
         view.resize(window_state.size);
     else if (parent)
-        view.resize(design * std::max(1.0, std::min(static_cast<double>(parent->width()) / design_width,
-                                                    static_cast<double>(parent->height()) / design_height)));
+        view.resize(design * scale_over(parent->width(), parent->height()));
     else
         view.resize(design);
     if (parent) view.move(parent->mapToGlobal(parent->rect().center()) - view.rect().center());

@@ -33,6 +33,12 @@ TEST_F(AtTheWindow, TheFocusOfThePlatformFollowsTheModel) {
     EXPECT_EQ(view().focusWidget(), &edit(s.営業請求日付月));
 }
 
+// 15 twips a pixel: a notice of 1350 x 24 at 668, with a frame of 90 and 420.
+TEST_F(AtTheWindow, TheScreenIsAsLargeAsItsNoticeSays) {
+    EXPECT_EQ(s.width, 20340);
+    EXPECT_EQ(s.height, 10800);
+}
+
 TEST_F(AtTheWindow, RefusedKeysLeaveNoTrace) {
     QLineEdit& year = edit(s.営業請求日付年);
     ASSERT_TRUE(s.営業請求日付年.select_all);

@@ -53,7 +53,7 @@ TEST(EntryLayout, EveryControlStandsOnceAndClear) {
     reset_run();
     const Layout& layout = *layout_of("frmKalvaneInvoiceEntry");
     std::map<std::string_view, int> times;
-    for (const Place& p : layout) ++times[p.control];
+    for (const Place& p : layout.places) ++times[p.control];
     for (const ScreenField& f : screen_fields()) EXPECT_EQ(times[f.name], 1) << f.name;
     EXPECT_EQ(times.size(), screen_fields().size());
     const Arrangement arrangement = arrange(frmKalvaneInvoiceEntry);

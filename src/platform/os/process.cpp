@@ -167,11 +167,6 @@ void set_previous_instance(std::optional<bool> answer) {
     previous_answer = answer;
 }
 
-bool os_version(int& major, int& minor) {
-    major = minor = 0;
-    return false;
-}
-
 ScreenSize screen_size() {
     return screen;
 }

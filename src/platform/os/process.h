@@ -26,8 +26,6 @@ void set_command_line(std::string_view text);
 bool previous_instance(std::string_view program, std::string_view installation);
 void set_previous_instance(std::optional<bool> answer);
 
-// Windows version of the client: none here, so always false.
-bool os_version(int& major, int& minor);
 struct ScreenSize {
     int width = 0, height = 0;
 };

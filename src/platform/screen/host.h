@@ -9,12 +9,18 @@
 
 namespace kalvane {
 
+struct Control;
 struct Form;
 
 enum class Buttons { ok, yes_no };
 enum class Pump {
     paint,  // draws, takes no input
     all,    // takes input too; for the wait for a sibling program alone
+};
+
+// Where a control is drawn on its form before any scaling, in twips.
+struct Placement {
+    int left = 0, top = 0, width = 0, height = 0;
 };
 
 struct ScreenHost {
@@ -24,6 +30,8 @@ struct ScreenHost {
     void (*run_modal)(Form& form) = nullptr;
     void (*pump)(Pump what) = nullptr;
     void (*sleep)(int milliseconds) = nullptr;
+    // No value: the control is not drawn.
+    std::optional<Placement> (*placement)(const Control& c) = nullptr;
     // File dialog: start folder, (text, pattern) pairs, the first as default. No value: cancelled.
     std::optional<std::string> (*pick_file)(
         std::string_view start, const std::vector<std::pair<std::string, std::string>>& filters) = nullptr;
