@@ -205,25 +205,6 @@ TEST_F(Calculation, SettingTheKindOfARow) {
     }
 }
 
-TEST_F(Calculation, EveryTaxFollowsTheDate) {
-    全行税再計算();
-    EXPECT_TRUE(statements.empty());
-    fresh_document(998);
-    for (int i = 0; i < 998; ++i) set("請求金額=1000 仕入金額=500", i);
-    // the same price becomes one with tax in it: 80000 / 1080 is 74.07
-    for (
-        const auto& r : table(
-            R"(営業請求日付=20240401|請求消費税合計=99800 仕入消費税合計=49900 計算消費税合計=99800 請求消費税=100
-        営業請求日付=20190930|請求消費税合計=79840 仕入消費税合計=39920 計算消費税合計=79840 請求消費税=80
-        得意先消費税区分=2|請求金額=1000 請求消費税=74)")) {
-        set(r[0]);
-        statements.clear();
-        全行税再計算();
-        EXPECT_LE(statements.size(), 2U * 998 + 4);
-        EXPECT_EQ(seen(r[1], 997), r[1]);
-    }
-}
-
 TEST_F(Calculation, OutsideTheBoundsIsAFailure) {
     for (const int i : {-1, 999})
         for (auto routine : {明細税区分設定, 請求金額計算, 仕入単価設定, 行区分設定, 小計行計算})

@@ -235,16 +235,6 @@ TEST(起動, 一文ずつの失敗) {
         EXPECT_EQ(count("開始 "), lost ? 0 : 1);
         EXPECT_EQ(std::count(rows.begin(), rows.end(), "終了"), 1);
     }
-    for (std::size_t n = 0; n < plain.size(); ++n) {
-        SCOPED_TRACE("from " + plain[n]);
-        at.restore();
-        const Start start(at.root(), {}, [n](std::size_t i, auto&) { return i >= n; });
-        EXPECT_EQ(start.running(),
-                  std::none_of(plain.begin() + static_cast<std::ptrdiff_t>(n), plain.end(), decides));
-        EXPECT_NE(start.running(), process_ended());
-        start.end();
-        EXPECT_TRUE(all_closed());
-    }
 }
 
 TEST(起動, ファイル操作の失敗) {

@@ -82,7 +82,7 @@ std::string act(Dice& dice) {
     if (kind < 35) return key(dice.one_of(often));
     if (kind < 37) return key(dice.one_of(seldom));
     if (kind < 66) {
-        const std::string& text = kind >= 60 && dice.below(8) == 0 ? long_text : dice.one_of(words);
+        const std::string& text = kind >= 60 && dice.coin() ? long_text : dice.one_of(words);
         kind < 60 ? type_text(s, text) : paste_into(s, text);
         return (kind < 60 ? "type " : "paste ") + Left(text, 20);
     }

@@ -14,36 +14,12 @@ using namespace test;
 
 constexpr int documents = 4, rounds = 25;
 
-// A starting line: the processes come up, tell so, and wait until the other is there too.
-class StartingLine {
-  public:
-    StartingLine() {
-        if (pipe(arrived_) != 0 || pipe(go_) != 0) std::abort();
-    }
-    void wait_at() const {
-        if (!passed(write, arrived_[1]) || !passed(read, go_[0])) _exit(90);
-    }
-    void start(int processes) const {
-        for (int i = 0; i < processes; ++i) EXPECT_TRUE(passed(read, arrived_[0]));
-        for (int i = 0; i < processes; ++i) EXPECT_TRUE(passed(write, go_[1]));
-    }
-
-  private:
-    template <class Call>
-    static bool passed(Call call, int end) {
-        char c = 'x';
-        return call(end, &c, 1) == 1;
-    }
-    int arrived_[2], go_[2];  // open until the process ends
-};
-
 // What one process does: opens the documents in turn and changes, deletes or writes each anew. Returns what
 // it did, to be told through its exit: 0, or the line where something was not as it should be.
-int work(const Installation& at, int station, const StartingLine& line) {
+int work(const Installation& at, int station) {
     Seat seat(at);
     Seat::answer = [](const std::string& text) { return text == "削除しますか?"; };
     EntryScreen& s = seat.screen();
-    line.wait_at();
     for (int round = 0; round < rounds; ++round) {
         const int number = (round + station * 2) % documents + 1;
         open_document(seat, std::to_string(number));
@@ -72,14 +48,12 @@ using 二端末 = SmallCompany;
 TEST_F(二端末, 同じ請求を変更し削除する) {
     lay_documents(documents);
     const int mark = history_count(at);
-    const StartingLine line;
     pid_t processes[2];
     for (int station = 0; station < 2; ++station) {
         processes[station] = fork();
         ASSERT_GE(processes[station], 0);
-        if (processes[station] == 0) _exit(work(at, station, line));
+        if (processes[station] == 0) _exit(work(at, station));
     }
-    line.start(2);
     for (pid_t p : processes) {
         int status = -1;
         ASSERT_EQ(waitpid(p, &status, 0), p);

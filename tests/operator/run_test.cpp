@@ -211,24 +211,6 @@ TEST_F(Operated, AWaitTakesOneLineATurn) {
     EXPECT_EQ(out, "one\nafter\n");
 }
 
-TEST_F(Operated, TheSettingsAndTheClockReachTheProgram) {
-    program.entry = [] {
-        entry();
-        toy->done.Click = [](Control&) {
-            sleep_and_wait(1500);
-            set_text(toy->name, time_text(os::now()));
-        };
-        set_text(toy->name,
-                 os::command_line() + "/" + (os::previous_instance("p", "i") ? "second" : "first"));
-    };
-    EXPECT_EQ(run("expect 名称 \" 000  2 /first\"", " 000  2 "), script_held) << out;
-    EXPECT_EQ(run("previous-instance yes / expect 名称 /second"), script_held) << out;
-    EXPECT_EQ(run("today 20240229 235958 / click 完了 / expect 名称 23:59:59 / advance 3 / click 完了 / "
-                  "expect 名称 00:00:04"),
-              script_held)
-        << out << err;
-}
-
 TEST_F(Operated, LaunchesAreRecorded) {
     EXPECT_EQ(run(R"(expect launched none / focus 名称 / type KalvaneProductRegister / key Ctrl
 expect launched KalvaneProductRegister "000 20240401  1"

@@ -90,36 +90,6 @@ TEST(Connection, RefusedStatementsLeaveTheDatabaseAsItWas) {
     EXPECT_FALSE(db.folder.holds("out.db"));
 }
 
-TEST(Connection, RunsOneStatementWithBlanksAndCommentsBehind) {
-    Database db({"CREATE TABLE T (a TEXT PRIMARY KEY)"});
-    db.program.Execute("INSERT INTO [T] ([a]) VALUES ('x') ; \n-- done\n /* so */ ");
-    db.program.Execute("UPDATE T SET  a = 'y' WHERE T.a = 'x' -- ;");
-    EXPECT_EQ(failure_of(db.program, "INSERT INTO T VALUES ('y')"), constraint);
-    EXPECT_EQ(rows_of(db.owner, "SELECT * FROM T"), "y");
-}
-
-TEST(Connection, CountsWritesAndTellsTheHookFirst) {
-    Database db(numbered(3));
-    const std::uint64_t before = ado::write_count();
-    std::string seen;
-    ado::hook.before = [&](const ado::Connection& connection, std::string_view sql) {
-        seen.append(connection.name).append(": ").append(sql).append("\n");
-        if (sql.find("refuse") != std::string_view::npos) throw ado::Error(1, "refused");
-    };
-    db.program.Execute("INSERT INTO N VALUES (7, 'x')");
-    db.program.Execute("SELECT TOP 1 * FROM N");
-    EXPECT_THROW(db.program.Execute("DELETE FROM N WHERE t <> 'refuse'"), ado::Error);
-    EXPECT_THROW(rows_of(db.program, "SELECT 'refuse'"), ado::Error);
-    EXPECT_EQ(rows_of(db.program, "SELECT  TOP 1 t FROM N ORDER BY i DESC"), "x");
-    EXPECT_EQ(ado::write_count(), before + 1);
-    EXPECT_EQ(seen, R"(main: INSERT INTO N VALUES (7, 'x')
-main: SELECT TOP 1 * FROM N
-main: DELETE FROM N WHERE t <> 'refuse'
-main: SELECT 'refuse'
-main: SELECT  TOP 1 t FROM N ORDER BY i DESC
-)");
-}
-
 // Another process's lock: waited for, but not for ever.
 TEST(Connection, WaitsForALock) {
     Database db(numbered(1));
@@ -200,18 +170,6 @@ TEST(Recordset, OfNoRowsIsOpenAndOfAFailureIsNot) {
     ado::Connection closed;
     EXPECT_THROW(rs.Open("SELECT 1", closed), ado::Error);
     EXPECT_THROW(closed.Execute("DELETE FROM N"), ado::Error);
-}
-
-// Around the number of rows that are read ahead, each row once and in order.
-TEST(Recordset, ReadsResultsOfAnyLength) {
-    Database db(numbered(3000));
-    for (const int length : {1, 1023, 1024, 1025, 3000}) {
-        ado::Recordset rs;
-        rs.Open("SELECT i FROM N WHERE i <= " + std::to_string(length) + " ORDER BY i", db.program);
-        int expected = 0;
-        for (; !rs.Eof(); rs.MoveNext()) ASSERT_EQ(rs.at(0).number(), ++expected);
-        EXPECT_EQ(expected, length);
-    }
 }
 
 TEST(Recordset, StandsWhileItsRowsAreDeletedAndOthersWrite) {

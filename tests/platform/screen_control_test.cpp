@@ -37,7 +37,7 @@ TEST(TextControls, OnlyWhatTheModeTakesArrives) {
     const std::tuple<InputMode, int, std::string, std::string> rows[] = {
         {InputMode::digits, 8, "1a-2１ '3", "123"},
         {InputMode::digits, 3, "1234", "123"},
-        {InputMode::code, 20, "aZ0-_./'\"あ ", "aZ0-_./"},
+        {InputMode::code, 20, "aZ0-_./'%\"あ ", "aZ0-_./"},
         {InputMode::japanese, 4, "あいう'\t\n\x7F", "あいう'"},  // cut when it is left
         {InputMode::plain, 0, "a \x01\xC2\x85ｱ𠮷", "a ｱ𠮷"},
         {InputMode::plain, 0, "あ\xFF\xE3\x81い", "あい"},

@@ -136,24 +136,6 @@ TEST_F(Forms, ALoadThatFailsLeavesNoForm) {
     EXPECT_EQ(boxes, Texts{"load"});
 }
 
-TEST_F(Forms, AModalFormEndsWithItsClosing) {
-    host.run_modal = [](Form& f) {
-        EXPECT_TRUE(f.modal);
-        EXPECT_EQ(top_form(), &f);
-        EXPECT_EQ(f.active, f.controls.front());
-        click(*f.controls.front());
-        EXPECT_FALSE(f.visible);
-    };
-    button.Click = [](Control& c) { unload_form(*c.form); };
-    show_form(form);
-    show_modal(box);
-    EXPECT_EQ(top_form(), &form);
-    EXPECT_FALSE(box.modal);
-    host.run_modal = [](Form&) {};  // a host that gives up
-    show_modal(box);
-    EXPECT_TRUE(!box.visible && box.loaded);
-}
-
 TEST_F(Forms, TheEndClosesAllWithoutAsking) {
     refuse = true;
     show_form(form);

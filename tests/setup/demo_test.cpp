@@ -19,25 +19,6 @@ TEST(Demo, IsTheSameEveryTimeAndHoldsNoNull) {
     }
 }
 
-// Any three of the customers' five tax classes occur together in every way.
-TEST(Demo, CustomersCoverTheTaxClasses) {
-    const auto classes = table(R"(消費税算出区分|0 1 2 3 ; 消費税丸め方法|0 5 9
-        消費税丸め桁位置|-1 0 1 ; 消費税区分|1 2 ; 消費税端数調整区分|0 1 ; 名称入力区分|0 1)");
-    const auto count = [&](std::size_t i) { return setup::words(classes[i][1]).size(); };
-    for (std::size_t a = 0; a < classes.size(); ++a) {
-        const std::string first = classes[a][0];
-        EXPECT_EQ(Replace(demo().main("SELECT DISTINCT " + first + " FROM M得意先 ORDER BY 1"), "\n", " "),
-                  classes[a][1]);
-        for (std::size_t b = a + 1; b < 5; ++b)
-            for (std::size_t c = b + 1; c < 5; ++c)
-                EXPECT_EQ(
-                    demo().main("SELECT COUNT(*) FROM (SELECT DISTINCT " + first + ", " + classes[b][0] +
-                                ", " + classes[c][0] + " FROM M得意先 WHERE 取引状況区分 <> '3')"),
-                    std::to_string(count(a) * count(b) * count(c)))
-                    << first << classes[b][0] << classes[c][0];
-    }
-}
-
 // What stands behind SELECT COUNT(*) FROM, and the count. Of the history 60 rows are black, and each change
 // has left a red and a black one.
 const auto counts = table(

@@ -285,23 +285,14 @@ TEST_F(AtTheWindow, ADisabledFormAndAHiddenPageTakeNothing) {
 }
 
 TEST(Look, TextReadsWellOnEveryGround) {
-    struct Pair {
-        QColor ink, ground;
-    };
-    const QColor white(Qt::white);
-    for (const Pair& p : {Pair{look::ink, look::page},
-                          {look::ink, look::panel},
-                          {look::ink, look::notice},
-                          {look::quiet, look::dull},
-                          {look::quiet, look::panel},
-                          {look::link_ink, look::link},
-                          {look::link_ink, look::hover},
-                          {look::link_ink, look::pressed},
-                          {white, look::bar},
-                          {white, look::focus},
-                          {look::ink, look::band}})
-        EXPECT_GE(look::contrast(p.ink, p.ground), 4.5)
-            << p.ink.name().toStdString() << " on " << p.ground.name().toStdString();
+    const std::pair<QColor, QColor> pairs[] = {
+        {look::ink, look::page},      {look::ink, look::panel},      {look::ink, look::notice},
+        {look::ink, look::band},      {look::quiet, look::dull},     {look::quiet, look::panel},
+        {look::link_ink, look::link}, {look::link_ink, look::hover}, {look::link_ink, look::pressed},
+        {Qt::white, look::bar},       {Qt::white, look::focus}};
+    for (const auto& [ink, ground] : pairs)
+        EXPECT_GE(look::contrast(ink, ground), 4.5)
+            << ink.name().toStdString() << " on " << ground.name().toStdString();
     // frames and the focus need 3
     EXPECT_GE(look::contrast(look::focus, look::page), 3.0);
     EXPECT_GE(look::contrast(look::focus, look::band), 3.0);
