@@ -69,24 +69,5 @@ TEST_F(閲覧, 系列がない) {
         "1");
 }
 
-// A look that cannot be written, or a number that cannot be looked for, is nobody's concern.
-TEST_F(閲覧, 書けなくても読む) {
-    static std::string failing;
-    int rows = 0;
-    for (const auto& r :
-         table("SELECT 閲覧No FROM T閲覧|written ; INSERT INTO [T閲覧]| ; UPDATE A番号情報|written")) {
-        SCOPED_TRACE(failing = r[0]);
-        Seat seat(at);
-        ado::hook.before = [](const ado::Connection&, std::string_view text) {
-            if (text.starts_with(failing)) throw ado::Error(7, "倒れました");
-        };
-        EXPECT_TRUE(営業請求存在確認("000", "99999999", "1"));
-        ado::hook = {};
-        EXPECT_TRUE(Seat::boxes.empty());
-        rows += r[1].empty() ? 0 : 1;
-        EXPECT_EQ(at.main("SELECT COUNT(*) FROM T閲覧"), std::to_string(rows));
-    }
-}
-
 }  // namespace
 }  // namespace kalvane

@@ -87,22 +87,6 @@ TEST_F(請求削除, 削除しない) {
     }
 }
 
-// What would be a date too old is none for the level that may work outside the window; flags of completion
-// and approval stop nothing.
-TEST_F(請求削除, 期間外の権限と完了) {
-    lay_documents();
-    at.main("UPDATE M担当者 SET アクセス権限 = '6' WHERE コード = '00001'");
-    at.main(
-        "UPDATE T営業請求 SET 営業請求日付 = '20200101', 出荷完了区分 = '1', 売上完了区分 = '1', 完了フラグ "
-        "= '1', 承認区分 = '1', 承認日付 = '20240410'");
-    at.main("UPDATE T営業請求明細 SET 明細完了区分 = '1', 出荷数量 = 10, 売上数量 = 10, 承認区分 = '1'");
-    Seat seat(at);
-    open_to_delete(seat);
-    erase(seat);
-    EXPECT_EQ(headers(), "");
-    EXPECT_EQ(at.main("SELECT 完了フラグ, 承認区分 FROM R営業請求 WHERE 赤黒区分 = '0'"), "1|1");
-}
-
 // Gone already: no red row, yet a history number and a red queue row, in silence. A change writes the
 // document again; a deletion has the status of the queue row, its last statement.
 TEST_F(請求削除, 他端末が削除済み) {

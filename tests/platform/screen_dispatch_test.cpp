@@ -146,18 +146,5 @@ TEST_F(Forms, TheEndClosesAllWithoutAsking) {
     EXPECT_TRUE(!form.loaded && !box.loaded && process_ended());
 }
 
-TEST_F(Forms, TheNoticeIsThatOfTheFormOnTop) {
-    Control notice;
-    add_control(form, notice, ControlKind::label, "お知らせ");
-    form.notice = &notice;
-    set_notice_of_active_form("a");
-    EXPECT_EQ(notice.caption, "");
-    show_form(form);
-    set_notice_of_active_form("b");
-    show_form(box);
-    set_notice_of_active_form("c");
-    EXPECT_EQ(notice.caption, "b");
-}
-
 }  // namespace
 }  // namespace kalvane

@@ -273,17 +273,6 @@ TEST_F(AtTheWindow, TheQuestionIsAsHighAsWhatItSays) {
     EXPECT_EQ(heights[2], heights[0]);
 }
 
-TEST_F(AtTheWindow, ADisabledFormAndAHiddenPageTakeNothing) {
-    set_form_enabled(s, false);
-    hands.settle();
-    const Control* active = s.active;
-    key(&edit(s.営業請求日付年), Qt::Key_Return);
-    EXPECT_EQ(s.active, active);
-    set_form_enabled(s, true);
-    key(&edit(s.営業請求日付年), Qt::Key_Return);
-    EXPECT_NE(s.active, active);
-}
-
 TEST(Look, TextReadsWellOnEveryGround) {
     const std::pair<QColor, QColor> pairs[] = {
         {look::ink, look::page},      {look::ink, look::panel},      {look::ink, look::notice},
