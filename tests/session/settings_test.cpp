@@ -17,73 +17,29 @@ using Digit = std::pair<const char*, std::int16_t RunContext::*>;
     { #name, &RunContext::name }
 #define S(name) \
     { #name, &RunContext::事業所##name }
-const Text company_texts[] = {C(名称),           C(郵便番号),
-                              C(住所A),          C(住所B),
-                              C(住所C),          C(代表者名),
-                              C(電話),           C(FAX),
-                              C(HOMEPAGE),       C(EMAIL),
-                              C(会社ロゴfile),   C(社印file),
-                              C(銀行口座A),      C(銀行口座B),
-                              C(銀行口座C),      C(銀行口座D),
-                              C(写真フォルダ),   C(ドキュメントフォルダ),
-                              C(特権暗証番号),   C(明細整理実行日),
-                              C(統計整理実行日), C(登録日付),
-                              C(更新日付)};
-const Text company_folders[] = {C(総合振込ファイル),   C(基本読込フォルダ),   C(帳票イメージフォルダ),
-                                C(その他読込ファイル), C(本支店連携フォルダ), C(テキスト出力フォルダ),
-                                C(BACKUPフォルダ)};
-const Digit company_digits[] = {C(決算月),
-                                C(決算日),
-                                C(締日区分),
-                                C(締日),
-                                C(決済方法),
-                                C(決済月),
-                                C(決済日),
-                                C(手形サイト),
-                                C(売上金額丸め方法),
-                                C(仕入金額丸め方法),
-                                C(在庫評価方法),
-                                C(売上数量少数以下桁数),
-                                C(売上単価少数以下桁数),
-                                C(仕入数量少数以下桁数),
-                                C(仕入単価少数以下桁数),
-                                C(在庫数量少数以下桁数),
-                                C(在庫単価少数以下桁数),
-                                C(重量少数以下桁数),
-                                C(得意先単価自動更新区分),
-                                C(納品先単価自動更新区分),
-                                C(仕入先単価自動更新区分),
-                                C(明細保存月数),
-                                C(統計保存年数),
-                                C(整理実施可能日自),
-                                C(整理実施可能日至),
-                                C(整理実施可能時刻),
-                                C(伝票番号管理区分)};
+// clang-format off
+const Text company_texts[] = {
+    C(名称), C(郵便番号), C(住所A), C(住所B), C(住所C), C(代表者名), C(電話), C(FAX), C(HOMEPAGE), C(EMAIL),
+    C(会社ロゴfile), C(社印file), C(銀行口座A), C(銀行口座B), C(銀行口座C), C(銀行口座D), C(写真フォルダ),
+    C(ドキュメントフォルダ), C(特権暗証番号), C(明細整理実行日), C(統計整理実行日), C(登録日付), C(更新日付)};
+const Text company_folders[] = {
+    C(総合振込ファイル), C(基本読込フォルダ), C(帳票イメージフォルダ), C(その他読込ファイル),
+    C(本支店連携フォルダ), C(テキスト出力フォルダ), C(BACKUPフォルダ)};
+const Digit company_digits[] = {
+    C(決算月), C(決算日), C(締日区分), C(締日), C(決済方法), C(決済月), C(決済日), C(手形サイト),
+    C(売上金額丸め方法), C(仕入金額丸め方法), C(在庫評価方法), C(売上数量少数以下桁数),
+    C(売上単価少数以下桁数), C(仕入数量少数以下桁数), C(仕入単価少数以下桁数), C(在庫数量少数以下桁数),
+    C(在庫単価少数以下桁数), C(重量少数以下桁数), C(得意先単価自動更新区分), C(納品先単価自動更新区分),
+    C(仕入先単価自動更新区分), C(明細保存月数), C(統計保存年数), C(整理実施可能日自), C(整理実施可能日至),
+    C(整理実施可能時刻), C(伝票番号管理区分)};
 const Digit replaced_digits[] = {C(暗証番号有無), C(更新実行区分)};
-const Text site_texts[] = {S(名称),
-                           S(郵便番号),
-                           S(住所A),
-                           S(住所B),
-                           S(住所C),
-                           S(代表者名),
-                           S(電話),
-                           S(FAX),
-                           S(HOMEPAGE),
-                           S(EMAIL),
-                           S(銀行口座A),
-                           S(銀行口座B),
-                           S(銀行口座C),
-                           S(銀行口座D),
-                           S(総合振込ファイル),
-                           S(基本読込フォルダ),
-                           S(帳票イメージフォルダ),
-                           S(その他読込ファイル),
-                           S(本支店連携フォルダ),
-                           S(テキスト出力フォルダ),
-                           S(BACKUPフォルダ),
-                           C(登録番号),
-                           C(地区コード)};
+const Text site_texts[] = {
+    S(名称), S(郵便番号), S(住所A), S(住所B), S(住所C), S(代表者名), S(電話), S(FAX), S(HOMEPAGE), S(EMAIL),
+    S(銀行口座A), S(銀行口座B), S(銀行口座C), S(銀行口座D), S(総合振込ファイル), S(基本読込フォルダ),
+    S(帳票イメージフォルダ), S(その他読込ファイル), S(本支店連携フォルダ), S(テキスト出力フォルダ),
+    S(BACKUPフォルダ), C(登録番号), C(地区コード)};
 const Digit site_digits[] = {S(暗証番号有無), S(更新実行区分)};
+// clang-format on
 #undef C
 #undef S
 
@@ -104,9 +60,12 @@ TEST(基本情報, 各列の行き先) {
             at.main(std::string("UPDATE ") + table + " SET " + column + " = '" + value + "'");
         }
     };
-    lay("Mユーザ", "", company_texts), lay("Mユーザ", "", company_folders);
-    lay("Mユーザ", "", company_digits), lay("Mユーザ", "", replaced_digits);
-    lay("M事業所", "S", site_texts), lay("M事業所", "S", site_digits);
+    lay("Mユーザ", "", company_texts);
+    lay("Mユーザ", "", company_folders);
+    lay("Mユーザ", "", company_digits);
+    lay("Mユーザ", "", replaced_digits);
+    lay("M事業所", "S", site_texts);
+    lay("M事業所", "S", site_digits);
     for (const std::string site : {"000", "001"}) {
         SCOPED_TRACE(site);
         at.config("UPDATE 動作環境定義 SET 運用事業所コード = '" + site + "'");
