@@ -92,7 +92,7 @@ Date add_days(Date d, int days) {
 }
 
 DateTime add_seconds(DateTime t, long long seconds) {
-    constexpr long long per_day = 24 * 60 * 60;
+    constexpr long long per_day = 24LL * 60 * 60;
     const long long days = floor_div(seconds, per_day);
     long long of_day = seconds - days * per_day + t.hour * 3600LL + t.minute * 60LL + t.second;
     const long long more = floor_div(of_day, per_day);

@@ -93,7 +93,7 @@ bool has_quantity_and_price(const Side& s, const LineRecord& line) {
 
 通貨 amount_of(const Side& s, const LineRecord& line) {
     const 通貨 exact = line.*s.quantity * line.*s.price;
-    const 通貨 added = 通貨::from_units(実行環境.*s.amount_rounding * 1000);
+    const 通貨 added = 通貨::from_units(1000LL * (実行環境.*s.amount_rounding));
     return Fix(exact < 通貨() ? exact - added : exact + added);
 }
 

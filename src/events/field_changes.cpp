@@ -29,7 +29,7 @@ void finish() {
 // --- codes and numbers: looked up
 // The typed text in the form of the field's mask, shown so.
 std::string masked(Control& c, const ScreenField& f) {
-    const std::string text = 桁揃え(c.text, f.input.mask);
+    std::string text = 桁揃え(c.text, f.input.mask);
     const ProcessingGuard guard;
     set_text(c, text);
     return text;

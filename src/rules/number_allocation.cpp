@@ -100,7 +100,7 @@ void make_row(const Counter& c, const Key& key) {
 }
 
 std::string number_behind(const ado::Recordset& rs, std::string_view column) {
-    const std::string next = Format(Val(rs.Fields(column).text()) + 1, "00000000");
+    std::string next = Format(Val(rs.Fields(column).text()) + 1, "00000000");
     return next == 番号なし ? "00000001" : next;
 }
 
@@ -131,7 +131,7 @@ std::string number(const Routine& routine, bool by_site, const Key& key) {
 }
 
 std::string routed(const Routine& routine, const Key& key) {
-    const std::string next = number(routine, 実行環境.伝票番号管理区分 != 0, key);
+    std::string next = number(routine, 実行環境.伝票番号管理区分 != 0, key);
     if (next == 番号なし) show_fault(Fault::no_number_series);
     return next;
 }
