@@ -1,4 +1,7 @@
 // From the program's folder to open connections.
+//
+// How to add a column that is read at start: its member in records/run_context.h, a row in the fields of its
+// table, its column in setup/schema.cpp.
 #include "data/configuration.h"
 
 #include <array>

@@ -1,4 +1,6 @@
 // Rows of a run's start and end, and the sweeping of old ones.
+//
+// How to add a table that is swept: a row in retentions, with the column of its date.
 #include "data/run_history.h"
 
 #include <array>

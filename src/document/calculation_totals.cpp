@@ -1,4 +1,6 @@
 // The figures of the whole document: totals, subtotal rows, the tax of the document.
+//
+// How to add a row of sums: its 行区分 in calculation.h and its row in subtotal_kinds.
 #include <array>
 #include <limits>
 
@@ -148,9 +150,9 @@ constexpr auto summed =
 // Four calls, each rounded by itself.
 通貨 document_tax() {
     const HeaderRecord& head = 請求ヘッダ;
-    const auto tax = [&head](通貨 amount, std::int16_t kind, std::int16_t taxation) {
-        return 消費税計算(amount, kind, head.得意先消費税丸め方法, head.得意先消費税丸め桁位置,
-                          head.営業請求日付, taxation == previous_rate ? 1 : 0);
+    const auto tax = [](通貨 amount, std::int16_t kind, std::int16_t taxation) {
+        return 消費税計算(amount, kind, 請求ヘッダ.得意先消費税丸め方法, 請求ヘッダ.得意先消費税丸め桁位置,
+                          請求ヘッダ.営業請求日付, taxation == previous_rate ? 1 : 0);
     };
     通貨 sum = tax(head.売上旧税内税額, tax_in, previous_rate);
     sum += tax(head.売上課税内税額, tax_in, current_rate);

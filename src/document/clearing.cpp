@@ -1,4 +1,6 @@
 // Fresh documents and lines, and what survives a clearing.
+//
+// A new member of the header is cleared; a row in the kept ones lets it survive.
 #include "document/clearing.h"
 
 #include <array>

@@ -1,4 +1,7 @@
 // Columns of company, site and linked systems into the run context.
+//
+// How to add a setting: its member in records/run_context.h, a row in company_fields or site_fields, its
+// column in setup/schema.cpp; a row in replaced when the site's value goes before the company's.
 #include "session/settings.h"
 
 #include <array>

@@ -157,6 +157,11 @@ template <class Table>
 constexpr int count(const Table& table) {
     return static_cast<int>(table.size());
 }
+// The i-th row, from the front again behind the last one.
+template <class Table>
+constexpr const auto& nth(const Table& table, int i) {
+    return table[static_cast<std::size_t>(i) % table.size()];
+}
 
 constexpr std::string_view address_columns =
     "コード 名称A 名称B 略称 カナ 郵便番号 住所A 住所B 電話 電話番号 担当者コード ";
@@ -169,7 +174,7 @@ std::string telephone(const Area& area, int exchange, int number) {
 // The values of address_columns for the i-th partner (from 0) of a family; the family's number tells their
 // telephones apart.
 Row address_row(const Partner& partner, int i, int family) {
-    const Area& area = areas[static_cast<std::size_t>(i) % areas.size()];
+    const Area& area = nth(areas, i);
     const std::string number = telephone(area, family, 1001 + i * 37);
     return {Format(i + 1, "000000"),
             std::string(partner.name),
@@ -197,7 +202,7 @@ struct TaxClasses {
 constexpr TaxClasses tax_classes(int i) {
     constexpr auto methods = std::to_array<int>({0, 5, 9});
     const int unit = i % 4, method = i / 4 % 3, position = i / 12 % 3, sum = unit + method + position;
-    return {unit, methods[method], position - 1, sum % 2 + 1, sum % 4 < 2 ? 1 : 0};
+    return {unit, nth(methods, method), position - 1, sum % 2 + 1, sum % 4 < 2 ? 1 : 0};
 }
 
 std::string status(int i, int last) {
@@ -207,7 +212,7 @@ std::string status(int i, int last) {
 std::vector<Row> customer_rows() {
     std::vector<Row> rows;
     for (int i = 0; i < count(customers); ++i) {
-        const Partner& partner = customers[i];
+        const Partner& partner = nth(customers, i);
         const TaxClasses c = tax_classes(i);
         Row row = address_row(partner, i, 1);
         // the names of casual customers and of every ninth may be typed over
@@ -234,9 +239,8 @@ std::vector<Row> contact_rows() {
     std::vector<Row> rows;
     for (int i = 0; i < count(customers); i += 2)
         for (int n = 0; n < 2; ++n) {
-            const Partner& person = people[static_cast<std::size_t>(i / 2 * 3 + n) % people.size()];
-            const std::string number =
-                telephone(areas[static_cast<std::size_t>(i) % areas.size()], 9, 2001 + i * 11 + n);
+            const Partner& person = nth(people, i / 2 * 3 + n);
+            const std::string number = telephone(nth(areas, i), 9, 2001 + i * 11 + n);
             rows.push_back({Format(i + 1, "000000"), Format(n + 1, "00000"), std::string(person.name),
                             std::string(person.kana), number, Replace(number, "-", ""),
                             "contact" + Format(i + 1, "00") + Format(n + 1, "0") + "@example.jp"});
@@ -258,8 +262,8 @@ void fill_demo_partners(ado::Connection& main) {
 
     std::vector<Row> rows;
     for (int i = 0; i < count(destinations); ++i) {
-        Row row = address_row(destinations[i].partner, i, 2);
-        row.back() = areas[static_cast<std::size_t>(destinations[i].customer - 1) % areas.size()].staff;
+        Row row = address_row(nth(destinations, i).partner, i, 2);
+        row.back() = areas[static_cast<std::size_t>(nth(destinations, i).customer - 1) % areas.size()].staff;
         append(row, {i == 18 || i % 7 == 3 ? "1" : "0", status(i, 19)});
         rows.push_back(std::move(row));
     }
@@ -267,7 +271,7 @@ void fill_demo_partners(ado::Connection& main) {
 
     rows.clear();
     for (int i = 0; i < count(suppliers); ++i) {
-        Row row = address_row(suppliers[i], i, 3);
+        Row row = address_row(nth(suppliers, i), i, 3);
         const TaxClasses c = tax_classes(i * 7);
         append(row, {Format(c.tax, "0"), Format(c.unit, "0"), Format(c.method, "0"), Format(c.position, "0"),
                      Format(c.adjustment, "0"), i == 11 ? "1" : "0", status(i, 14)});
@@ -281,15 +285,16 @@ void fill_demo_partners(ado::Connection& main) {
 
     rows.clear();
     for (int i = 0; i < count(makers); ++i) {
-        rows.push_back(address_row(makers[i], i, 4));
+        rows.push_back(address_row(nth(makers, i), i, 4));
         append(rows.back(), {"0"});
     }
     insert_rows(main, "Mメーカ", address + "取引状況区分", rows);
 
     rows.clear();
     for (int i = 0; i < count(prospects); ++i) {
-        rows.push_back(address_row(prospects[i].partner, i, 5));
-        append(rows.back(), {std::string(prospects[i].customer), std::string(prospects[i].supplier), "0"});
+        rows.push_back(address_row(nth(prospects, i).partner, i, 5));
+        append(rows.back(),
+               {std::string(nth(prospects, i).customer), std::string(nth(prospects, i).supplier), "0"});
     }
     insert_rows(main, "M対応先", address + "得意先コード 仕入先コード 取引状況区分", rows);
 }

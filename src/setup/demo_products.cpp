@@ -148,13 +148,12 @@ std::string partner_code(int number) {
 void fill_demo_products(ado::Connection& main) {
     insert_seed(main, classes);
     std::vector<Row> rows;
-    for (int i = 0; i < static_cast<int>(products.size()); ++i) {
-        const Product& p = products[i];
+    for (const Product& p : products) {
         const std::string taxed = p.tax == Tax::untaxed ? "1" : p.tax == Tax::previous ? "2" : "0";
         const std::string kind = p.tax == Tax::tax_in                             ? "2"
                                  : p.tax == Tax::tax_out || p.tax == Tax::untaxed ? "1"
                                                                                   : "0";
-        rows.push_back({std::string("P").append(Format(i + 1, "0000")),
+        rows.push_back({std::string("P").append(Format(static_cast<std::int64_t>(rows.size()) + 1, "0000")),
                         std::string(p.name),
                         std::string(p.more),
                         std::string(p.kana),
