@@ -193,7 +193,8 @@ void select_row(Run& run, const Words& w) {
 }
 
 void wheel(Run& run, const Words& w) {
-    run.hands.turn_wheel(form_for_input(run), whole_number(w[1]));
+    const int notches = whole_number(w[1]), one = notches < 0 ? -1 : 1;  // each notch is an event
+    for (int turned = 0; turned != notches; turned += one) run.hands.turn_wheel(form_for_input(run), one);
 }
 
 void scroll(Run& run, const Words& w) {

@@ -32,10 +32,15 @@ bool arrive(Control& c) {
     return c.form->active == &c || !can_take_focus(c);
 }
 
-// A click counts even where a leave sent the focus elsewhere: the button was pressed.
+// The field that is left comes first: it may wake the button, or put it to sleep. A click counts even where a
+// leave sent the focus elsewhere: the button was pressed.
 void click_button(Control& c) {
-    set_focus(c);  // the field that is left is committed by it
-    if (takes_events(*c.form) && usable(c)) raise(c.Click, c);
+    Form& form = *c.form;
+    const unsigned moves = form.focus_moves;
+    if (form.active != &c) commit_field(form);
+    if (!takes_events(form) || !usable(c)) return;
+    if (form.focus_moves == moves) set_focus(c);
+    if (takes_events(form) && usable(c)) raise(c.Click, c);
 }
 
 void toggle(Control& c) {
@@ -59,6 +64,7 @@ void click_now(Control& c) {
         case ControlKind::label:
         case ControlKind::xLabel:
         case ControlKind::SSPanel:
+            if (!c.Click) return;
             commit_field(*c.form);
             if (takes_events(*c.form) && usable(c)) raise(c.Click, c);
             return;
@@ -116,7 +122,7 @@ void press_arrow(Form& form, int step) {
 
 void press_escape(Form& form) {
     if (Control* c = usable_active(form)) key_down(*c, key_escape);
-    if (takes_events(form) && form.cancel && usable(*form.cancel)) click_button(*form.cancel);
+    if (takes_events(form) && form.cancel && on_show(*form.cancel)) click_button(*form.cancel);
 }
 
 void press_space(Control& c) {
@@ -128,7 +134,7 @@ void press_space(Control& c) {
 
 void press_function_key(Form& form, int number) {
     for (Control* c : form.controls)
-        if (c->function_key == number && is_button(*c) && usable(*c)) return click_button(*c);
+        if (c->function_key == number && is_button(*c) && on_show(*c)) return click_button(*c);
 }
 
 void press_now(Form& form, Key key) {
@@ -171,7 +177,8 @@ void form_event(Form& form, const std::function<void()>& event) {
 }
 
 void control_event(Control& c, const std::function<void()>& event) {
-    if (c.form && usable(c)) form_event(*c.form, event);
+    const bool may = is_button(c) ? on_show(c) : usable(c);  // a button is looked at when it is clicked
+    if (c.form && may) form_event(*c.form, event);
 }
 
 }  // namespace
@@ -241,12 +248,11 @@ void select_item(Control& list, int item) {
     });
 }
 
-void turn_wheel(Form& form, int notches) {
+void turn_wheel(Form& form, int delta) {
+    if (delta == 0) return;
     form_event(form, [&] {
         commit_field(form);
-        const int step = notches < 0 ? -1 : 1;
-        for (int turned = 0; form.Wheel && turned != notches && takes_events(form); turned += step)
-            form.Wheel(form, step);
+        if (form.Wheel && takes_events(form)) form.Wheel(form, delta < 0 ? -1 : 1);
     });
 }
 

@@ -116,7 +116,7 @@ void force_logs_now();
 bool failed_in_dispatch();  // an event has failed since the process began
 
 // --- operator events; each is one dispatch. Nothing happens on a form that is disabled, or on a control
-// that is disabled or not on show.
+// that is disabled or not on show; but a press of a button first commits the active field, which may wake it.
 enum class Key {
     // clang-format off
     Enter, Tab, ShiftTab, Up, Down, Escape, Ctrl, Space, Delete,
@@ -131,7 +131,7 @@ void double_click(Control& c);
 void drop_down(Form& form);          // of the active control
 void choose(Control& c, int entry);  // entry of a combo, page of a tab strip, an option
 void select_item(Control& list, int item);
-void turn_wheel(Form& form, int notches);  // negative is toward the operator
+void turn_wheel(Form& form, int delta);  // one step, whatever the size; negative is toward the operator
 void scroll_to(Control& bar, int position);
 bool close_form(Form& form);   // by its frame; false when it was refused
 void press_focus(Control& c);  // a click of the mouse into a field
