@@ -10,6 +10,7 @@
 #include "events/save_dialogue.h"
 #include "events/sentinels.h"
 #include "lists/list_window.h"
+#include "records/record_copy.h"
 #include "rules/field_text.h"
 #include "screen/screen_display.h"
 #include "screen/scrolling.h"
@@ -150,14 +151,9 @@ void wire_field(Control& c, const ScreenField& f) {
     }
 }
 
-// --- copies of the records around an event
-struct Copies {
-    RunContext run;
-    HeaderRecord header;
-    LineArray lines;
-};
-Copies& copies() {
-    static Copies kept;
+// --- the records as they were before the event
+RecordCopy& kept_records() {
+    static RecordCopy kept;
     return kept;
 }
 
@@ -185,15 +181,9 @@ void 画面イベント設定() {
 }
 
 void install_event_copies() {
-    event_copies.keep = [] {
-        copies().run = 実行環境;
-        copies().header = 請求ヘッダ;
-        copies().lines = 請求明細行;
-    };
+    event_copies.keep = [] { kept_records().keep(); };
     event_copies.restore = [] {
-        実行環境 = copies().run;
-        請求ヘッダ = copies().header;
-        請求明細行 = copies().lines;
+        kept_records().restore();
         画面再表示();
     };
 }

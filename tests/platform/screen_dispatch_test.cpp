@@ -82,6 +82,34 @@ TEST_F(Dispatch, NothingIsPutBackOnceAStatementHasWritten) {
               }),
               2);
     EXPECT_EQ(boxes.size(), 2u);
+    // what is noted elsewhere, as the failure itself may be, is no obstacle
+    db.program.name = "config";
+    EXPECT_EQ(record_after([&] {
+                  db.program.Execute("INSERT INTO T VALUES ('2')");
+                  throw RunFailure("after a note");
+              }),
+              1);
+}
+
+// The operator stands where he stood: field, content marked or not, page; nothing is entered or left for it.
+TEST_F(Dispatch, AFailurePutsTheFocusBack) {
+    Control other, strip;
+    add_control(form, other, ControlKind::xField, "other").page = 1;
+    form.tab_strip = &add_control(form, strip, ControlKind::SSTab, "strip");
+    show_form(form);
+    ASSERT_EQ(form.active, &field);
+    form.left = true;
+    other.GotFocus = [](Control&) { throw RunFailure("on entering"); };
+    field.GotFocus = field.LostFocus = [](Control&) { ++record; };
+    for (const bool marked : {true, false}) {
+        field.select_all = marked;
+        EXPECT_EQ(record_after([&] {
+                      set_number(strip, 1);
+                      set_focus(other);
+                  }),
+                  1);
+        EXPECT_TRUE(form.active == &field && form.left && field.select_all == marked && strip.number == 0);
+    }
 }
 
 TEST_F(Dispatch, NothingRunsAfterTheEnd) {

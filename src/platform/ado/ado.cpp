@@ -31,7 +31,11 @@ std::vector<Connection*>& open_connections() {
     return *list;
 }
 
-std::uint64_t writes = 0;
+std::uint64_t writes = 0;  // on business connections
+
+bool is_business(const Connection& connection) {
+    return connection.name == "main";
+}
 
 detail::Session& require_open(const Connection& connection) {
     if (!connection.is_open()) throw Error(detail::layer_error, "the connection is not open");
@@ -96,7 +100,7 @@ void Connection::Execute(std::string_view sql) {
     if (hook.before) hook.before(*this, sql);
     if (!session.driver.execute(session, sql)) return;
     session.wrote = true;
-    ++writes;
+    if (is_business(*this)) ++writes;
 }
 
 void Connection::Close() {
@@ -233,7 +237,7 @@ void Recordset::Close() {
 void force_logs() {
     for (const bool business : {true, false})
         for (Connection* connection : open_connections()) {
-            if ((connection->name == "main") != business) continue;
+            if (is_business(*connection) != business) continue;
             try {
                 force_log(*connection->session());
             } catch (const Error&) {

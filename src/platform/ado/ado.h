@@ -128,7 +128,8 @@ inline Hook hook;
 // Forces the logs of all open connections that have written since the last call, those named "main" first.
 // Errors are ignored: the statements stand all the same.
 void force_logs();
-// How many statements have written since the process began; the event dispatch compares it.
+// How many statements have written on the connections named "main" since the process began; the event
+// dispatch compares it. The notes kept beside the business (a failure leaves one itself) do not count.
 std::uint64_t write_count();
 // Scales the waiting for other processes' locks (1.0 is the real time); tests turn it down.
 inline double lock_wait_scale = 1.0;

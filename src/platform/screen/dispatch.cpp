@@ -2,6 +2,7 @@
 #include <cstdint>
 #include <exception>
 #include <new>
+#include <vector>
 
 #include "platform/ado/ado.h"
 #include "platform/os/process.h"
@@ -19,19 +20,49 @@ struct DepthGuard {
     DepthGuard& operator=(const DepthGuard&) = delete;
 };
 
-void restore_copies() {
-    if (!event_copies.restore) return;
-    try {
-        event_copies.restore();
-    } catch (const std::exception&) {
-        // the drawing of what was kept failed too; the box below tells of the first failure
-    }
+// Where the operator stood when the event began: the active control and the page of each loaded form.
+struct Stand {
+    Form* form;
+    Control* active;
+    bool left, select_all;
+    int page;
+};
+std::vector<Stand> where_the_operator_stands() {
+    std::vector<Stand> stands;
+    for (Form* f : screen_state.loaded_forms)
+        stands.push_back({f, f->active, f->left, f->active && f->active->select_all,
+                          f->tab_strip ? f->tab_strip->number : 0});
+    return stands;
 }
 
-void event_failed(const char* text, bool may_restore) {
-    screen_state.failed = true;
-    if (may_restore) restore_copies();
-    message_box(text);
+// Without leaves and enters: as if the event had not been.
+void stand_there_again(const Stand& at) {
+    Form& form = *at.form;
+    if (!form.loaded || form.active == nullptr) return;
+    if (form.tab_strip && form.tab_strip->number != at.page) {
+        form.tab_strip->number = at.page;
+        ++form.tab_strip->revision;
+    }
+    if (!at.active || !can_take_focus(*at.active)) return;
+    if (form.active != at.active) {
+        form.active->typed.reset();
+        form.active->select_all = false;
+        ++form.active->revision;
+        form.active = at.active;
+        form.active->select_all = at.select_all;
+        ++form.active->revision;
+        ++form.focus_moves;
+    }
+    form.left = at.left;
+}
+
+void put_back(const std::vector<Stand>& stands) {
+    try {
+        if (event_copies.restore) event_copies.restore();
+    } catch (const std::exception&) {
+        // the drawing of what was kept failed too; the box tells of the first failure
+    }
+    for (const Stand& s : stands) stand_there_again(s);
 }
 
 }  // namespace
@@ -42,14 +73,22 @@ void dispatch(const std::function<void()>& event) {
     {
         const DepthGuard guard;
         const std::uint64_t written = ado::write_count();
-        const auto may_restore = [&] { return outermost && ado::write_count() == written; };
+        std::vector<Stand> stands;
+        const auto failed = [&](const char* text) {
+            screen_state.failed = true;
+            if (outermost && ado::write_count() == written) put_back(stands);
+            message_box(text);
+        };
         try {
-            if (outermost && event_copies.keep) event_copies.keep();
+            if (outermost) {
+                stands = where_the_operator_stands();
+                if (event_copies.keep) event_copies.keep();
+            }
             event();
         } catch (const std::bad_alloc&) {
-            event_failed("メモリが不足しています。", may_restore());
+            failed("メモリが不足しています。");
         } catch (const std::exception& failure) {
-            event_failed(failure.what(), may_restore());
+            failed(failure.what());
         }
     }
     if (outermost) ado::force_logs();

@@ -108,8 +108,9 @@ struct EventCopies {
 };
 inline EventCopies event_copies;
 // Runs one operator event. A RunFailure, database or file error inside shows its text in a box; at the
-// outermost event, when no statement was written, the kept copies are restored first. The logs are forced
-// when the outermost event returns. Nothing runs after the end of the process.
+// outermost event, when no statement was written to the business database, the kept copies, the focus and
+// the page on show are restored first. The logs are forced when the outermost event returns. Nothing runs
+// after the end of the process.
 void dispatch(const std::function<void()>& event);
 // Forces the logs now: before a modal or wait loop takes input, before a sibling starts.
 void force_logs_now();
