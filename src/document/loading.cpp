@@ -2,6 +2,7 @@
 #include "document/loading.h"
 
 #include <array>
+#include <memory>
 
 #include "base/text.h"
 #include "data/query.h"
@@ -11,26 +12,44 @@
 #include "document/source_header.h"
 #include "document/source_lines.h"
 #include "platform/os/process.h"
+#include "records/record_copy.h"
 #include "rules/number_allocation.h"
 #include "session/command_line.h"
 
 namespace kalvane {
 namespace {
 
+constexpr const char* no_number = "00000000";
+
 constexpr auto date_fields = std::to_array<std::string HeaderRecord::*>(
     {&HeaderRecord::営業請求日付, &HeaderRecord::営業請求日付年, &HeaderRecord::営業請求日付月,
      &HeaderRecord::営業請求日付日});
 
-// A half-read document must not stay on the screen; nor its date, which a clear keeps and may stumble over.
+// A half-read document must not stay on the screen; nor its date, which a clear keeps and may stumble over,
+// nor its site: the cleared document is of the site given.
 template <class Work>
-void or_cleared(const SourceRow& source, Work work) {
+void or_cleared(const std::string& site, Work work) {
     const HeaderRecord before = 請求ヘッダ;
     try {
         work();
     } catch (...) {
-        (実行環境.recordsets.*source.recordset).Close();
+        実行環境.recordsets.営業請求.Close();
         for (auto m : date_fields) 請求ヘッダ.*m = before.*m;
+        実行環境.事業所コード = site;
         文書初期化();
+        throw;
+    }
+}
+
+// A source that cannot be read leaves the document that it was wanted for.
+template <class Work>
+void or_as_before(const SourceRow& source, Work work) {
+    const auto before = std::make_unique<RecordCopy>();
+    try {
+        work();
+    } catch (...) {
+        (実行環境.recordsets.*source.recordset).Close();
+        before->restore();
         throw;
     }
 }
@@ -46,7 +65,7 @@ bool take_pick(const SourceRow& source, std::string& site, std::string& base_dat
 }
 
 bool usable(const DocumentKey& key) {
-    return key.No != "00000000" && key.番号基準日付 > "00000000" && !blank(key.事業所コード) &&
+    return key.No != no_number && key.番号基準日付 > no_number && !blank(key.事業所コード) &&
            !blank(key.番号基準日付) && !key.No.empty();
 }
 
@@ -102,7 +121,7 @@ void 伝票読込取消(SourceKind kind) {
 
 bool 伝票表示読込(const std::string& site, const std::string& base_date, const std::string& number) {
     bool found = false;
-    or_cleared(source_row(SourceKind::invoice), [&] {
+    or_cleared(std::string(実行環境.事業所コード), [&] {
         found = 営業請求存在確認(site, base_date, number);
         if (found) {
             伝票読込(SourceKind::invoice);
@@ -117,7 +136,7 @@ bool 伝票表示読込(const std::string& site, const std::string& base_date, c
 bool 起動読込() {
     const RunContext& r = 実行環境;
     bool found = false;
-    or_cleared(source_row(SourceKind::invoice), [&] {
+    or_cleared(r.運用事業所コード, [&] {
         found = 営業請求存在確認(r.事業所コード, r.番号基準日付, r.営業請求No);
         if (found) 伝票読込(SourceKind::invoice);
     });
@@ -132,12 +151,19 @@ void 起動参照読込() {
     const std::string text = Trim(os::command_line());
     for (const SourceRow& source : source_rows) {
         if (!source.argument) continue;
-        const DocumentKey key = 実行環境.*source.argument = 伝票キー切出(text, source.position);
-        請求ヘッダ.*source.site = key.事業所コード;
-        請求ヘッダ.*source.base_date = key.番号基準日付;
-        請求ヘッダ.*source.number = key.No;
-        if (!usable(key)) continue;
-        or_cleared(source, [&] {
+        const DocumentKey key = 伝票キー切出(text, source.position);
+        const auto keep_key = [&] {
+            実行環境.*source.argument = key;
+            請求ヘッダ.*source.site = key.事業所コード;
+            請求ヘッダ.*source.base_date = key.番号基準日付;
+            請求ヘッダ.*source.number = key.No;
+        };
+        if (!usable(key)) {
+            keep_key();
+            continue;
+        }
+        or_as_before(source, [&] {
+            keep_key();
             if (!伝票存在確認(source.kind, key.事業所コード, key.番号基準日付, key.No)) {
                 伝票読込取消(source.kind);
                 文書初期化();
@@ -157,7 +183,7 @@ bool 営業請求No変更(const std::string& text) {
     if (text == r.営業請求No) return false;
     r.入力変更あり = true;
     r.案内メッセージ.clear();
-    if (text.empty()) {
+    if (text.empty() || text == no_number) {
         r.営業請求No = 次番号参照(請求番号ID, r.番号基準日付, r.事業所コード);
         return true;
     }
@@ -175,18 +201,18 @@ bool change_source(SourceKind kind, const std::string& text) {
     RunContext& r = 実行環境;
     HeaderRecord& h = 請求ヘッダ;
     if (text == h.*source.number) return false;
-    r.入力変更あり = true;
-    r.案内メッセージ.clear();
-    if (text.empty()) {
-        (h.*source.number).clear();
-        return true;
-    }
-    std::string site = h.*source.site, base_date = h.*source.base_date;
-    if (!take_pick(source, site, base_date)) {
-        if (site.empty()) site = r.事業所コード;
-        if (base_date.empty()) base_date = 番号基準日付取得(source.number_id, h.営業請求日付);
-    }
-    or_cleared(source, [&] {
+    or_as_before(source, [&] {
+        r.入力変更あり = true;
+        r.案内メッセージ.clear();
+        if (text.empty()) {
+            (h.*source.number).clear();
+            return;
+        }
+        std::string site = h.*source.site, base_date = h.*source.base_date;
+        if (!take_pick(source, site, base_date)) {
+            if (site.empty()) site = r.事業所コード;
+            if (base_date.empty()) base_date = 番号基準日付取得(source.number_id, h.営業請求日付);
+        }
         if (伝票存在確認(kind, site, base_date, text)) {
             伝票読込(kind);
             合計計算();

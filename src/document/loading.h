@@ -1,6 +1,7 @@
 // Reading stored invoices and source documents into the document, and the decision on a typed or picked
-// document number. A loader that fails on its way closes its recordset, clears the document and raises the
-// failure again. A NULL column leaves its field as it was.
+// document number. A loader that fails on its way closes its recordset and raises the failure again; behind a
+// stored invoice the document is cleared, its date and site as before (at start the seat's site), behind a
+// source it is as it was. A NULL column leaves its field as it was.
 #pragma once
 #include <string>
 
@@ -37,7 +38,7 @@ bool 起動読込();
 void 起動参照読込();
 
 // Decisions on the text of a left number field, already filled to eight digits: false when it is the number
-// held; else the screen must be redrawn and 案内メッセージ tells how it went.
+// held; else the screen must be redrawn and 案内メッセージ tells how it went. A number of zeros is none.
 bool 営業請求No変更(const std::string& text);
 bool change_source(SourceKind kind, const std::string& text);
 template <SourceKind kind>

@@ -56,15 +56,22 @@ void 画面初期設定() {
     実行環境.取得コントロール = 実行環境.離脱コントロール = 実行環境.先頭コントロール;
 }
 
-void 伝票初期設定() {
-    if (!実行環境.新規入力中) {
-        起動読込();
-        return;
+// A document that cannot be read is told of when the screen stands, as one that is typed.
+template <class Work>
+void read_at_start(Work work) {
+    try {
+        work();
+    } catch (const std::exception& e) {
+        実行環境.起動読込失敗 = e.what();
     }
+}
+
+void 伝票初期設定() {
+    if (!実行環境.新規入力中) return read_at_start(起動読込);
     // a site left by a stray argument must not be saved
     if (!実行環境.引数起動) 実行環境.事業所コード = 実行環境.運用事業所コード;
     新規伝票初期化();
-    if (実行環境.引用起動) 起動参照読込();
+    if (実行環境.引用起動) read_at_start(起動参照読込);
 }
 
 void load_screen(Form&) {
@@ -119,6 +126,7 @@ void start() {
     show_form(screen());
     if (process_ended()) return;
     if (Control* first = next_stop(screen(), 実行環境.先頭コントロール->tab_index)) set_focus(*first);
+    if (!実行環境.起動読込失敗.empty()) message_box(実行環境.起動読込失敗);
 }
 
 // Titles of the family's own programs; any other program stands for itself.

@@ -135,6 +135,7 @@ struct RunContext {
     bool 入力変更あり = false;      // the operator changed the document
     bool 引数起動 = false;          // the command line named a document
     bool 引用起動 = false;          // … with "00000000" in date and number
+    std::string 起動読込失敗;       // why the document of the command line was not read; shown once, at start
     bool 処理中 = false;            // a routine writes controls; the field handlers ignore the events
     std::int16_t 印刷確認結果 = 2;  // msg印刷確認: 0 save and print, 1 save, 2 no
 

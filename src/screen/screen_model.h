@@ -202,7 +202,7 @@ struct ScreenField {
     Control EntryScreen::*combo = nullptr;          // names of a head 区分
     int base = 0;                                   // code of the combo's first entry
     bool (*look_up)(const std::string&) = nullptr;  // decides on the text of a code that was left
-    bool loads = false;                             // … and reads a document by it
+    bool loads = false;                             // … and reads the document of that number
     std::array<void (*)(int), 5> steps = {};        // what follows a changed figure of line i, in order
     bool (*row_stop)(const LineRecord&) = nullptr;  // whether Tab stops in a row of that line; else never
     StepOver step_over = {};

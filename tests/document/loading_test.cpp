@@ -263,8 +263,9 @@ TEST_F(読込, 明細のない請求) {
     EXPECT_EQ(headers(), "99999999|00000001|20240410|13\n99999999|00000002|20240410|1");
 }
 
-// What cannot be read, a stored invoice or a reference: the failure in a box, a cleared document of the date
-// before, nothing written but the look at it, and the program goes on.
+// What cannot be read, an invoice of another site or a reference, typed or named on the command line: the
+// failure in a box; for an invoice a cleared document of the date and site before, for a reference the
+// document as it was; nothing written but the look at it, and the program goes on.
 TEST_F(読込, 読めない請求) {
     lay_documents(2);
     for (const auto& r : table(R"(消費税表示区分 = '32768'||オーバーフローしました。
@@ -272,7 +273,7 @@ TEST_F(読込, 読めない請求) {
         請求単価 = -1e300|明細|オーバーフローしました。 ; 営業請求固有行No = '99999'|明細|オーバーフローしました。
         many||インデックスが有効範囲にありません。 ; 消費税表示区分 = '-40000'|参照|オーバーフローしました。
         many|参照|インデックスが有効範囲にありません。)")) {
-        SCOPED_TRACE(r[0] + r[1]);
+        const bool reference = r[1] == "参照";
         at.restore();
         if (r[0] == "many")
             lay_many_lines(at, stored, "00000001", 3, 1200);
@@ -280,26 +281,39 @@ TEST_F(読込, 読めない請求) {
             at.main("UPDATE T営業請求" + Replace(r[1], "参照", "") + " SET " + r[0] +
                     " WHERE 営業請求No = '00000001'" +
                     (r[1] == "明細" ? " AND 営業請求固有行No = '002'" : ""));
-        Seat seat(at);
-        EntryScreen& s = seat.screen();
-        const std::string fresh = values(customer) + values(destination) + values(texts);
+        const std::string site = reference ? "000" : "001", key = site + "9999999900000001";
+        for (const char* table : {"T営業請求", "T営業請求明細"})
+            at.main("UPDATE " + std::string(table) + " SET 事業所コード = '" + site +
+                    "' WHERE 営業請求No = '00000001'");
         const std::string before = headers() + journal() + queue();
-        if (r[1] == "参照") {
-            seat.enter(s.得意先コード, "123");
-            seat.enter(s.参照営業請求No, "1");
-        } else {
+        for (const bool named : {true, false}) {
+            SCOPED_TRACE(r[0] + r[1] + (named ? " named" : " typed"));
+            Seat seat(at, !named ? "" : reference ? std::string(19 * 4, '0') + key : key);
+            EntryScreen& s = seat.screen();
+            if (!named && reference) {
+                seat.enter(s.得意先コード, "123");
+                seat.enter(s.参照営業請求No, "1");
+            } else if (!named) {
+                open_document(seat, "2");
+                実行環境.選択戻り値 = "C" + key;
+                open_document(seat, "1");
+            }
+            EXPECT_EQ(Seat::boxes, std::vector<std::string>{r[2]});
+            EXPECT_TRUE(s.visible);
+            EXPECT_EQ(values("最終行 新規入力中 営業請求日付 営業請求No 事業所コード"),
+                      "-1,1,20240410,00000003,000");
+            const bool kept = reference && !named;
+            EXPECT_EQ(values(customer), kept ? "000123,,株式会社 山田商店,東京本店,,鈴木,0" : ",,,,,,0");
+            EXPECT_EQ(values(destination) + values(texts), ",,,,1,,,");
+            EXPECT_EQ(s.得意先コード.text + s.参照営業請求No.text, kept ? "000123" : "");
+            EXPECT_EQ(link(kinds[3]), "  ");
+            EXPECT_FALSE(実行環境.recordsets.営業請求.is_open() ||
+                         実行環境.recordsets.参照営業請求.is_open());
+            EXPECT_EQ(headers() + journal() + queue(), before);
             open_document(seat, "2");
-            open_document(seat, "1");
+            EXPECT_EQ(Seat::boxes.size(), 1U);
+            EXPECT_EQ(実行環境.営業請求No, "00000002");
         }
-        EXPECT_EQ(Seat::boxes, std::vector<std::string>{r[2]});
-        EXPECT_EQ(values("最終行 新規入力中 営業請求日付 営業請求No"), "-1,1,20240410,00000003");
-        EXPECT_EQ(values(customer) + values(destination) + values(texts), fresh);
-        EXPECT_EQ(s.得意先コード.text + s.参照営業請求No.text, "");
-        EXPECT_FALSE(実行環境.recordsets.営業請求.is_open() || 実行環境.recordsets.参照営業請求.is_open());
-        EXPECT_EQ(headers() + journal() + queue(), before);
-        open_document(seat, "2");
-        EXPECT_EQ(Seat::boxes.size(), 1U);
-        EXPECT_EQ(実行環境.営業請求No, "00000002");
     }
 }
 
