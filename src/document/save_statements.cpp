@@ -44,6 +44,17 @@ std::string old_key(const std::string& table) {
            h.旧番号基準日付 + "' AND " + table + "営業請求No = '" + h.旧営業請求No + "'";
 }
 
+// Before the first statement: a document that runs out of identities must not be written in part.
+void 固有行No設定() {
+    std::int16_t& last = 請求ヘッダ.最終固有行No;
+    for (int i = 0; i <= 実行環境.最終行; ++i) {
+        LineRecord& line = 請求明細行[i];
+        if (Val(line.営業請求固有行No) != 0) continue;
+        last = to_i16(last + 1);
+        line.営業請求固有行No = Format(last, "000");
+    }
+}
+
 void begin_run(const char* kind) {
     請求ヘッダ.赤履歴No.clear();
     請求ヘッダ.黒履歴No.clear();
@@ -53,6 +64,7 @@ void begin_run(const char* kind) {
 }  // namespace
 
 void 営業請求保存() {
+    固有行No設定();
     if (実行環境.新規入力中)
         新規書込();
     else
@@ -130,7 +142,6 @@ void 請求明細書込() {
     int counter = 0;
     for (int i = 0; i <= 実行環境.最終行; ++i) {
         LineRecord& line = 請求明細行[i];
-        if (Val(line.営業請求固有行No) == 0) line.営業請求固有行No = Format(++請求ヘッダ.最終固有行No, "000");
         line.営業請求行No = Format(++counter, "000");
         insert(line_insert(i, 現在日時()));
         insert(line_insert(i, 現在日時(), &mark));
