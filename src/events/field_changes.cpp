@@ -5,6 +5,7 @@
 #include "document/document_date.h"
 #include "document/loading.h"
 #include "document/lookups.h"
+#include "events/focus.h"
 #include "rules/field_text.h"
 #include "screen/screen_display.h"
 #include "screen/scrolling.h"
@@ -49,7 +50,10 @@ void leave_head_code(Control& c, const ScreenField& f) {
 }
 
 void leave_line_code(Control& c, const ScreenField& f) {
-    if (!f.look_up(masked(c, f))) return;
+    const std::string code = masked(c, f);
+    if (code == current_line().*f.shows.line_text) return;
+    現在行追加();
+    if (!f.look_up(code)) return;
     show_current_row();
     finish();
 }
@@ -105,6 +109,7 @@ bool shows_no_tax(const ScreenField& f) {
 void leave_line_figure(Control& c, const ScreenField& f) {
     通貨& member = current_line().*f.shows.line_money;
     if (c.value == member || (shows_no_tax(f) && c.value.is_zero())) return;
+    現在行追加();
     member = c.value;
     実行環境.入力変更あり = true;
     for (auto step : f.steps)
@@ -143,6 +148,7 @@ void change_line_kind(Control& c, const ScreenField& f) {
     std::int16_t& member = current_line().行区分;
     const int code = code_of(c, f);
     if (code == member || !in_list(code, 0, screen().行区分名称[static_cast<std::size_t>(c.row)])) return;
+    現在行追加();
     member = static_cast<std::int16_t>(code);
     行区分設定(実行環境.現在行);
     合計計算();
@@ -154,6 +160,7 @@ void change_line_kind(Control& c, const ScreenField& f) {
 void change_line_check(const Control& c, const ScreenField& f) {
     std::int16_t& member = current_line().*f.shows.line_digit;
     if (c.number == member) return;
+    現在行追加();
     member = static_cast<std::int16_t>(c.number);
     if (f.shows.line_digit == &LineRecord::計区分) {
         実行環境.入力変更あり = true;

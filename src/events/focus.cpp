@@ -39,16 +39,14 @@ bool enter_head(Control& field, const ScreenField& f) {
     return !arrived(field);
 }
 
-// Makes the screen row the current one. Entering the first free row brings its line into being.
+// Makes the screen row the current one. Entering the first free row brings its line into being, unless the
+// rows have only moved under the focus.
 void make_row_current(int row) {
     RunContext& r = 実行環境;
     const int line_before = r.現在行, last_before = r.最終行;
     r.現在画面行 = static_cast<std::int16_t>(row);
     r.現在行 = static_cast<std::int16_t>(r.先頭行 + row);
-    if (r.現在行 == r.最終行 + 1 && r.現在行 <= last_entry_line && 請求明細行[r.現在行].行区分 > 0) {
-        r.最終行 = r.現在行;
-        明細固有項目初期化(r.現在行);
-    }
+    if (!r.スクロール中) 現在行追加();
     スクロール設定();
     if (r.現在行 != line_before || r.最終行 != last_before) ボタン状態更新(false);
 }
@@ -118,6 +116,14 @@ Control& last_row_field(int row, int page) {
     return first_row_field(row, page);
 }
 
+void 現在行追加() {
+    RunContext& r = 実行環境;
+    if (r.現在行 != r.最終行 + 1 || r.現在行 > last_entry_line || 請求明細行[r.現在行].行区分 <= 0) return;
+    r.最終行 = r.現在行;
+    明細固有項目初期化(r.現在行);
+    スクロール設定();
+}
+
 void フォーカス設定(Control& c) {
     if (c.page >= 0 && c.page != screen().tab_詳細.number) {
         const ProcessingGuard guard;
@@ -156,9 +162,13 @@ void 未入力項目移動(const Gap& gap) {
     if (gap.area == Area::head) ヘッド番号移動(gap.place);
     if (gap.area != Area::lines) return;
     RunContext& r = 実行環境;
+    // by pages of ten; the last page would reach behind the arrays
+    constexpr int last_page = 990;
+    int first = gap.place - gap.place % screen_rows;
+    if (first >= last_page) first = std::max(スクロール終端(), gap.place - screen_rows + 1);
     r.現在行 = static_cast<std::int16_t>(gap.place);
-    r.現在画面行 = static_cast<std::int16_t>(gap.place % screen_rows);
-    r.先頭行 = static_cast<std::int16_t>(r.現在行 - r.現在画面行);
+    r.先頭行 = static_cast<std::int16_t>(first);
+    r.現在画面行 = static_cast<std::int16_t>(gap.place - first);
     行スクロール(r.先頭行);
     明細画面表示();
     明細番号移動(r.現在画面行);

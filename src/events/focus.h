@@ -16,6 +16,10 @@ void 離脱項目移動();
 // Says that something is missing and goes to the gap of the mandatory check, with its line made current.
 void 未入力項目移動(const Gap& gap);
 
+// The current line comes into being when it is the first free one: its row has been entered, or something has
+// been typed in a row that was only scrolled to.
+void 現在行追加();
+
 // May the field be entered? What must come before it is looked at, the row of a line field is made
 // current, display fields are stepped over. True when the focus went elsewhere than to this field.
 bool 入力順序確認(Control& field);

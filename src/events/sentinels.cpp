@@ -61,7 +61,9 @@ void forward() {
         フォーカス設定(first_row_field(r.現在画面行 + 1, page()));
     } else {
         行スクロール(r.先頭行 + 1);
-        フォーカス設定(first_row_field(screen_rows - 1, page()));
+        Control& first = first_row_field(screen_rows - 1, page());
+        フォーカス設定(first);
+        入力順序確認(first);  // the scrolling may have given it the focus, but it makes no line
     }
 }
 

@@ -144,6 +144,7 @@ struct RunContext {
     std::int16_t 先頭行 = 0;              // line shown in screen row 0
     std::int16_t 現在画面行 = 0;          // screen row 0 to 9 that has the focus
     std::int16_t 現在行 = 0;              // 先頭行 + 現在画面行
+    bool スクロール中 = false;            // 行スクロール変更 gives the focus back: it makes no line
     bool 仕入先表示 = false;              // purchase page shows suppliers in place of product names
     std::int16_t 連番タイプ = 0;          // numbering style 0, 1, 2
     std::string 案内メッセージ;           // look-up result text for お知らせ

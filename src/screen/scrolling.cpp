@@ -7,6 +7,23 @@
 #include "screen/screen_model.h"
 
 namespace kalvane {
+namespace {
+
+struct ScrollingGuard {
+    const bool before = 実行環境.スクロール中;
+    ScrollingGuard() { 実行環境.スクロール中 = true; }
+    ~ScrollingGuard() { 実行環境.スクロール中 = before; }
+    ScrollingGuard(const ScrollingGuard&) = delete;
+    ScrollingGuard& operator=(const ScrollingGuard&) = delete;
+};
+
+}  // namespace
+
+int スクロール終端() {
+    constexpr int full = 998, last_position = 988;
+    const int lines = 実行環境.最終行 + 1;
+    return lines < full ? lines - screen_rows + 1 : last_position;
+}
 
 void スクロール設定() {
     Control& bar = frmKalvaneInvoiceEntry.scl_行;
@@ -16,11 +33,10 @@ void スクロール設定() {
         set_number(bar, 0);
         return;
     }
-    constexpr int full = 998, last_position = 988;
     const int position = 実行環境.先頭行;
     set_enabled(bar, true);
     // a gap may have been shown at the head of a page that lies behind the range
-    set_scroll_range(bar, 0, std::max(lines < full ? lines - screen_rows + 1 : last_position, position));
+    set_scroll_range(bar, 0, std::max(スクロール終端(), position));
     set_number(bar, position);
 }
 
@@ -36,6 +52,7 @@ void 行スクロール変更() {
     ボタン状態更新(false);
     Control* target = r.取得コントロール;
     if (!target) return;
+    const ScrollingGuard guard;
     if (target == frmKalvaneInvoiceEntry.active) {
         // it has the focus already: its entering runs again for the line it shows now
         if (target->GotFocus) target->GotFocus(*target);

@@ -4,6 +4,8 @@
 
 namespace kalvane {
 
+// The last position of the bar by the number of lines.
+int スクロール終端();
 // Enabled, range and position of the bar by the number of lines; below ten lines disabled at 0.
 void スクロール設定();
 // The bar has moved: the rows follow, the focus stays where it is.

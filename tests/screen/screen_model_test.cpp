@@ -166,6 +166,24 @@ TEST_F(画面, 他の行の離脱は無視する) {
     EXPECT_FALSE(実行環境.入力変更あり);
 }
 
+// A gap is shown in its page of ten; the last page ends with the bar's range, so that every row shows a line.
+// Lines of the document, index of the gap, index at the top.
+TEST_F(画面, 未入力の行の頁) {
+    two_lines();
+    for (const auto& r : test::table("999|985|980 ; 999|995|988 ; 999|998|989 ; 992|991|983")) {
+        const int gap = to_i16(r[1]), top = to_i16(r[2]);
+        実行環境.最終行 = static_cast<std::int16_t>(to_i16(r[0]) - 1);
+        for (int i = 0; i < line_capacity; ++i) 請求明細行[i].行区分 = i != gap;
+        press_focus(s.タイトル);
+        dispatch([] { 登録要求(); });
+        EXPECT_EQ(実行環境.先頭行, top) << r[1];
+        EXPECT_EQ(実行環境.現在行, gap);
+        EXPECT_EQ(s.active, &s.行区分[static_cast<std::size_t>(gap - top)]);
+        EXPECT_TRUE(s.scl_行.number == top && s.scl_行.scroll_max >= top);
+        EXPECT_EQ(s.Lab_行No[9].caption, std::to_string(top + 10));
+    }
+}
+
 // Nothing reacts while a routine writes the controls or a sibling program is waited for.
 TEST_F(画面, 処理中と連携待ち中は何もしない) {
     two_lines();
