@@ -59,16 +59,18 @@ void leave_line_code(Control& c, const ScreenField& f) {
 }
 
 // --- texts
-std::string cut(const std::string& text, int limit) {
-    return limit > 0 ? 文字数切詰(text, limit) : text;
+// Takes what fits of the typed text, also of one that was longer already. False when the screen shows it.
+bool take_cut(const Control& c, const ScreenField& f, std::string& member) {
+    const std::string text = f.input.max_length > 0 ? 文字数切詰(c.text, f.input.max_length) : c.text;
+    if (text == member && text == c.text) return false;
+    if (text != member) 実行環境.入力変更あり = true;
+    member = text;
+    実行環境.案内メッセージ.clear();
+    return true;
 }
 
-void leave_head_text(Control& c, const ScreenField& f) {
-    std::string& member = 請求ヘッダ.*f.shows.head_text;
-    if (c.text == member) return;
-    member = cut(c.text, f.input.max_length);
-    実行環境.入力変更あり = true;
-    実行環境.案内メッセージ.clear();
+void leave_head_text(const Control& c, const ScreenField& f) {
+    if (!take_cut(c, f, 請求ヘッダ.*f.shows.head_text)) return;
     if (f.flow.area == Area::tail)
         テイル画面表示();
     else
@@ -76,20 +78,18 @@ void leave_head_text(Control& c, const ScreenField& f) {
     finish();
 }
 
-void leave_line_text(Control& c, const ScreenField& f) {
-    std::string& member = current_line().*f.shows.line_text;
-    if (c.text == member) return;
-    member = cut(c.text, f.input.max_length);
-    実行環境.入力変更あり = true;
-    実行環境.案内メッセージ.clear();
+void leave_line_text(const Control& c, const ScreenField& f) {
+    if (!take_cut(c, f, current_line().*f.shows.line_text)) return;
+    現在行追加();
     明細行表示(実行環境.現在行, 実行環境.現在画面行);
     finish();
 }
 
 void leave_date_part(Control& c, const ScreenField& f) {
     std::string& member = 請求ヘッダ.*f.shows.head_text;
-    if (c.text == member) return;
-    member = c.text;
+    const std::string part = masked(c, f);
+    if (part == member) return;
+    member = part;
     実行環境.入力変更あり = true;
     営業請求日付確定();
     全行税再計算();

@@ -75,10 +75,12 @@ using enum ControlKind;
 // clang-format off
 constexpr auto fields = std::to_array<ScreenField>({
     // --- date and numbers
-    {HEAD(営業請求日付年), .tab = stop(1), .flow = head(1), .input = digits(4), .store = Store::date_part,
-     .panel = &S::itm_ttl_営業請求日付},
-    {HEAD(営業請求日付月), .tab = stop(2), .flow = head(2), .input = digits(2), .store = Store::date_part},
-    {HEAD(営業請求日付日), .tab = stop(3), .flow = head(3), .input = digits(2), .store = Store::date_part},
+    {HEAD(営業請求日付年), .tab = stop(1), .flow = head(1), .input = digits(4, "0000"),
+     .store = Store::date_part, .panel = &S::itm_ttl_営業請求日付},
+    {HEAD(営業請求日付月), .tab = stop(2), .flow = head(2), .input = digits(2, "00"),
+     .store = Store::date_part},
+    {HEAD(営業請求日付日), .tab = stop(3), .flow = head(3), .input = digits(2, "00"),
+     .store = Store::date_part},
     {CONTROL(営業請求No), .shows = &RunContext::営業請求No, .tab = stop(4), .flow = head(4),
      .input = digits(8, "00000000"), .store = Store::head_code, .look_up = 営業請求No変更, .loads = true,
      .list = {ListWindow::wnd営業請求No一覧, &S::営業見積No, &S::btn_営業請求No}},
