@@ -166,8 +166,10 @@ void 画面イベント設定() {
         for (Control& button : f.list.button.all()) button.Click = list_by_button;
         if (f.panel) (s.*f.panel).Click = request_by_panel;
     }
-    s.List付属書類.GotFocus = got_focus;
-    s.List付属書類.LostFocus = lost_focus;
+    for (Control* c : {&s.List付属書類, &s.tab_詳細}) {
+        c->GotFocus = got_focus;
+        c->LostFocus = lost_focus;
+    }
     s.itm_ttl_行No.Click = request_product_code;
     for (RowControls* panels : {&s.Lab_行No, &s.bak_dtla})
         for (Control& c : *panels) c.Click = request_product_code;

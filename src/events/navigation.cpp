@@ -64,6 +64,8 @@ void show_neighbour(const Direction& d) {
     if (!入力破棄確認(d.question)) return;
     読込表示([&] { load_neighbour(d); });
     画面再表示();
+    実行環境.案内メッセージ.clear();
+    案内表示();
     フォーカス設定(*実行環境.先頭コントロール);
 }
 
