@@ -116,10 +116,15 @@ bool FormView::key(Mirror* m, QKeyEvent& event) {
 bool FormView::mouse(Mirror& m, QEvent& event) {
     auto& mouse = static_cast<QMouseEvent&>(event);
     Control& c = *m.placed.control;
-    if (!takes_input(form_) || !c.enabled) return true;
-    if (form_.active != &c) finish_composition();
     const bool press = event.type() == QEvent::MouseButtonPress,
                twice = event.type() == QEvent::MouseButtonDblClick;
+    if (!takes_input(form_) || (!c.enabled && !is_button(c))) return true;
+    if (form_.active != &c) finish_composition();
+    if (!c.enabled) {
+        // the field that is left may wake the button
+        if (press && mouse.button() == Qt::LeftButton) act([&] { click(c); });
+        return true;
+    }
     if (c.kind == ControlKind::scroll) return false;
     if (mouse.button() != Qt::LeftButton) return !takes_text(c) || form_.active != &c;
     if (is_panel(c)) {
