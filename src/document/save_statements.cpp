@@ -64,7 +64,6 @@ void begin_run(const char* kind) {
 }  // namespace
 
 void 営業請求保存() {
-    固有行No設定();
     if (実行環境.新規入力中)
         新規書込();
     else
@@ -74,6 +73,7 @@ void 営業請求保存() {
 }
 
 void 新規書込() {
+    固有行No設定();
     begin_run("0");
     if (!営業請求No確定()) return;
     請求ヘッダ書込();
@@ -82,6 +82,7 @@ void 新規書込() {
 }
 
 void 修正書込() {
+    固有行No設定();
     begin_run("1");
     if (請求ヘッダ.旧番号基準日付 != 実行環境.番号基準日付) {
         // a new key: the new rows come first
