@@ -6,8 +6,9 @@
 
 namespace kalvane {
 
-// Counts the row and writes it with this 摘要 (already doubled). False when the row was lost.
-bool history_row(std::string_view doubled_text);
+// Counts the row and writes it; its 摘要 is the kind and the text, without trailing blanks and NUL bytes.
+// False when the row was lost.
+bool history_row(std::string_view kind, std::string_view text = "");
 // "出力終了 " and the statement, unless the suite's update monitor logs its own queue traffic.
 void 稼動履歴出力記録(const std::string& sql);
 // "エラー " and the text.

@@ -36,7 +36,7 @@ bool 起動担当者読込() {
 
 bool 担当者情報読込(const std::string& code) {
     ado::Recordset rs;
-    const bool found = 主DB読込(rs, "SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = '" + code + "'");
+    const bool found = 主DB読込(rs, "SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = " + literal(code));
     if (found) {
         take_all(rs, operator_fields, 実行環境);
         for (int k = 0; k < 10; ++k)

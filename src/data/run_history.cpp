@@ -14,18 +14,19 @@ namespace kalvane {
 namespace {
 
 void usage_row(const std::string& column) {
-    const std::string seat = " WHERE コンピュータID = '" + 実行環境.コンピュータID + "' AND ユーザID = '" +
-                             実行環境.ユーザID + "'";
+    const std::string seat = " WHERE コンピュータID = " + literal(実行環境.コンピュータID) +
+                             " AND ユーザID = " + literal(実行環境.ユーザID);
     const bool found = has_row("SELECT * FROM 使用状況" + seat);
     const std::string now = 現在日時();
     const bool start = column == "開始日時";
     if (found)
-        主DB実行("UPDATE 使用状況 SET プログラムID = '" + std::string(プログラムID) + "', " + column +
-                 " = '" + now + "'" + seat);
+        主DB実行("UPDATE 使用状況 SET プログラムID = " + literal(プログラムID) + ", " + column + " = " +
+                 literal(now) + seat);
     else
-        主DB実行("INSERT INTO 使用状況 (コンピュータID,ユーザID,プログラムID,開始日時,終了日時)VALUES ('" +
-                 実行環境.コンピュータID + "', '" + 実行環境.ユーザID + "', '" + プログラムID + "', '" +
-                 (start ? now : "") + "', '" + (start ? "" : now) + "')");
+        主DB実行("INSERT INTO 使用状況 (コンピュータID,ユーザID,プログラムID,開始日時,終了日時)VALUES (" +
+                 literals({実行環境.コンピュータID, 実行環境.ユーザID, プログラムID, start ? now : "",
+                           start ? "" : now}) +
+                 ")");
 }
 
 struct Retention {
@@ -45,14 +46,14 @@ std::string limit_condition(const Retention& r) {
     DateTime t = os::now();
     t = shift_months(t, -r.months);
     t.date = add_days(t.date, -r.days);
-    return std::string(" FROM ") + r.table + " WHERE " + r.column + " <= '" + date_time_text(t) + "'";
+    return std::string(" FROM ") + r.table + " WHERE " + r.column + " <= " + literal(date_time_text(t));
 }
 
 }  // namespace
 
 void 稼動履歴開始記録(const std::string& trimmed_command_line) {
     起動担当者読込();
-    history_row("開始 " + 引用符二重化(trimmed_command_line));
+    history_row("開始 ", trimmed_command_line);
 }
 
 void 稼動履歴終了記録() {
@@ -67,8 +68,8 @@ void 使用終了記録() {
 }
 
 void 使用状況整理() {
-    主DB実行("DELETE FROM 使用状況 WHERE 終了日時 < '" + date_text(shift_months(os::today(), -1)) +
-             "' AND 終了日時 <> ''");
+    主DB実行("DELETE FROM 使用状況 WHERE 終了日時 < " + literal(date_text(shift_months(os::today(), -1))) +
+             " AND 終了日時 <> ''");
 }
 
 void 履歴整理() {

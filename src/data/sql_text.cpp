@@ -20,14 +20,33 @@ void append_quotes_doubled(std::string& out, std::string_view text) {
     }
 }
 
+std::string_view without_trailing_blanks(std::string_view text) {
+    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+    return text;
+}
+
+void append_bytes(std::string& out, std::string_view text) {
+    constexpr std::string_view digits = "0123456789ABCDEF";
+    out += "CAST(X'";
+    for (const char c : text) {
+        const auto byte = static_cast<unsigned char>(c);
+        out += digits[byte >> 4];
+        out += digits[byte & 15];
+    }
+    out += "' AS TEXT)";
+}
+
 }  // namespace
 
 void append_doubled(std::string& out, std::string_view text) {
-    while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-    append_quotes_doubled(out, text);
+    append_quotes_doubled(out, without_trailing_blanks(text));
 }
 
 void append_literal(std::string& out, std::string_view text) {
+    if (text.find('\0') != std::string_view::npos) {
+        append_bytes(out, text);
+        return;
+    }
     out += '\'';
     append_quotes_doubled(out, text);
     out += '\'';
@@ -37,6 +56,23 @@ std::string literal(std::string_view text) {
     std::string out;
     append_literal(out, text);
     return out;
+}
+
+std::string literals(std::initializer_list<std::string_view> values, std::string_view between) {
+    std::string out;
+    for (const std::string_view value : values) {
+        if (!out.empty()) out += between;
+        append_literal(out, value);
+    }
+    return out;
+}
+
+void append_name_literal(std::string& out, std::string_view text) {
+    append_literal(out, without_trailing_blanks(text));
+}
+
+std::string name_literal(std::string_view text) {
+    return literal(without_trailing_blanks(text));
 }
 
 std::string 引用符二重化(std::string_view text) {

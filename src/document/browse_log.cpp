@@ -13,8 +13,8 @@ namespace {
 constexpr const char* browse_series = "01110";
 
 bool taken(const std::string& base_date, const std::string& number) {
-    return has_row("SELECT 閲覧No FROM T閲覧 WHERE 事業所コード = '" + 実行環境.事業所コード +
-                   "' AND 番号基準日付 = '" + base_date + "' AND 閲覧No = '" + number + "'");
+    return has_row("SELECT 閲覧No FROM T閲覧 WHERE 事業所コード = " + literal(実行環境.事業所コード) +
+                   " AND 番号基準日付 = " + literal(base_date) + " AND 閲覧No = " + literal(number));
 }
 
 }  // namespace
@@ -30,11 +30,14 @@ void 閲覧記録(const std::string& 閲覧情報, const std::string& 伝票事�
     主DB実行(
         "INSERT INTO [T閲覧] ([事業所コード],[番号基準日付],[閲覧No],[閲覧日付],[閲覧時刻],[担当者コード],"
         "[担当者名],[閲覧情報],[伝票事業所コード],[伝票番号基準日付],[伝票No],[キー項目],[閲覧区分],"
-        "[閲覧メモ],[承認日付],[承認者コード],[承認区分],[ユーザID],[登録日付],[更新日付]) VALUES ('" +
-        r.事業所コード + "','" + base_date + "','" + number + "','" + 現在日付() + "','" +
-        time_text(os::now()) + "','" + r.起動担当者コード + "','" + 引用符二重化(r.起動担当者名) + "','" +
-        閲覧情報 + "','" + 伝票事業所コード + "','" + 伝票番号基準日付 + "','" + 伝票No + "','" + キー項目 +
-        "','0','','','','0','" + r.コンピュータID + r.起動担当者コード + r.ユーザID + "','" + now + "','')");
+        "[閲覧メモ],[承認日付],[承認者コード],[承認区分],[ユーザID],[登録日付],[更新日付]) VALUES (" +
+        literals({r.事業所コード, base_date, number, 現在日付(), time_text(os::now()), r.起動担当者コード},
+                 ",") +
+        "," + name_literal(r.起動担当者名) + "," +
+        literals({閲覧情報, 伝票事業所コード, 伝票番号基準日付, 伝票No, キー項目, "0", "", "", "", "0",
+                  r.コンピュータID + r.起動担当者コード + r.ユーザID, now, ""},
+                 ",") +
+        ")");
 }
 
 }  // namespace kalvane

@@ -50,22 +50,10 @@ const char* number_pattern(ColumnKind kind) {
     }
 }
 
-void append_quoted(std::string& sql, std::string_view text) {
-    sql += '\'';
-    sql += text;
-    sql += '\'';
-}
-
 void append_digit(std::string& sql, int n) {
     char buffer[8];
     const auto end = std::to_chars(buffer, buffer + sizeof buffer, n).ptr;
-    append_quoted(sql, std::string_view(buffer, static_cast<std::size_t>(end - buffer)));
-}
-
-void append_name(std::string& sql, std::string_view text) {
-    sql += '\'';
-    append_doubled(sql, text);
-    sql += '\'';
+    append_literal(sql, std::string_view(buffer, static_cast<std::size_t>(end - buffer)));
 }
 
 // The member that the kind of the column promises.
@@ -79,26 +67,26 @@ void append_value(std::string& sql, const Column<Record, Others...>& c, const Re
                   const std::string& now) {
     switch (c.kind) {
         case ColumnKind::key:
-            append_quoted(sql, held<std::string>(c, 実行環境));
+            append_literal(sql, held<std::string>(c, 実行環境));
             break;
         case ColumnKind::head_text:
-            append_quoted(sql, held<std::string>(c, 請求ヘッダ));
+            append_literal(sql, held<std::string>(c, 請求ヘッダ));
             break;
         case ColumnKind::text:
-            append_quoted(sql, held<std::string>(c, record));
+            append_literal(sql, held<std::string>(c, record));
             break;
         case ColumnKind::name:
-            append_name(sql, held<std::string>(c, record));
+            append_name_literal(sql, held<std::string>(c, record));
             break;
         case ColumnKind::digit:
         case ColumnKind::number_text:
             append_digit(sql, held<std::int16_t>(c, record));
             break;
         case ColumnKind::stamp:
-            append_quoted(sql, 更新者());
+            append_literal(sql, 更新者());
             break;
         case ColumnKind::now:
-            append_quoted(sql, now);
+            append_literal(sql, now);
             break;
         default:
             append_format(sql, held<通貨>(c, record), number_pattern(c.kind));
@@ -108,17 +96,17 @@ void append_value(std::string& sql, const Column<Record, Others...>& c, const Re
 template <class... Records>
 void append_copy(std::string& sql, const Column<Records...>& c, const ado::Value& v) {
     if (c.kind == ColumnKind::name)
-        append_name(sql, v.text());
+        append_name_literal(sql, v.text());
     else if (is_quoted(c.kind))
-        append_quoted(sql, v.text());
+        append_literal(sql, v.text());
     else
         append_format(sql, v.currency(), number_pattern(c.kind));
 }
 
 void append_mark(std::string& sql, const HistoryMark& mark) {
-    append_quoted(sql, mark.number);
+    append_literal(sql, mark.number);
     sql += ',';
-    append_quoted(sql, mark.red_black);
+    append_literal(sql, mark.red_black);
     sql += ',';
 }
 
@@ -165,7 +153,7 @@ std::string header_copy(const ado::Recordset& row, const HistoryMark& history) {
 std::string line_copy(const ado::Recordset& row, const HistoryMark& history, const std::string& now) {
     return statement(line_head(true), line_columns, &history, [&](std::string& sql, const LineColumn& c) {
         if (c.field.column == "更新日付")
-            append_quoted(sql, now);
+            append_literal(sql, now);
         else
             append_copy(sql, c, row.Fields(c.field.column));
     });

@@ -84,8 +84,8 @@ bool 伝票存在確認(SourceKind kind, const std::string& site, const std::str
             " FROM Mセクション RIGHT JOIN (M部門 RIGHT JOIN (M担当者 RIGHT JOIN " + table +
             " ON M担当者.コード = " + table + ".担当者コード) ON M部門.コード = " + table +
             ".部門コード) ON Mセクション.コード = " + table + ".セクションコード" + " WHERE " + table + "." +
-            source.number_column + " = '" + number + "'" + " AND " + table + ".事業所コード = '" + site +
-            "'" + " AND " + table + ".番号基準日付 = '" + base_date + "'",
+            source.number_column + " = " + literal(number) + " AND " + table +
+            ".事業所コード = " + literal(site) + " AND " + table + ".番号基準日付 = " + literal(base_date),
         stored);
 }
 

@@ -22,7 +22,6 @@ namespace {
 template <class Record>
 struct MasterColumn {
     Field<Record> field;
-    bool code = false;             // goes unquoted into later statements
     bool only_if_missing = false;  // a text already present is kept
     std::int16_t ceiling = 0;      // a greater number is held as this one; 0 for none
 };
@@ -30,16 +29,16 @@ using HeadColumn = MasterColumn<HeaderRecord>;
 using RowColumn = MasterColumn<LineRecord>;
 
 constexpr auto customer_columns = std::to_array<HeadColumn>({
-    {.field = {"コード", &HeaderRecord::得意先コード}, .code = true},
+    {.field = {"コード", &HeaderRecord::得意先コード}},
     {.field = {"名称A", &HeaderRecord::得意先名称A}},
     {.field = {"名称B", &HeaderRecord::得意先名称B}},
     {.field = {"御担当者名", &HeaderRecord::御担当者名}, .only_if_missing = true},
     // the salesperson's, with the department and section of his own row
-    {.field = {"担当者コード", &HeaderRecord::担当者コード}, .code = true},
+    {.field = {"担当者コード", &HeaderRecord::担当者コード}},
     {.field = {"担当者名", &HeaderRecord::担当者名}},
-    {.field = {"部門コード", &HeaderRecord::部門コード}, .code = true},
+    {.field = {"部門コード", &HeaderRecord::部門コード}},
     {.field = {"部門名", &HeaderRecord::部門名}},
-    {.field = {"セクションコード", &HeaderRecord::セクションコード}, .code = true},
+    {.field = {"セクションコード", &HeaderRecord::セクションコード}},
     {.field = {"セクション名", &HeaderRecord::セクション名}},
     {.field = {"消費税区分", &HeaderRecord::得意先消費税区分}},
     // the list beside the field ends at 2
@@ -50,33 +49,33 @@ constexpr auto customer_columns = std::to_array<HeadColumn>({
     {.field = {"名称入力区分", &HeaderRecord::得意先名称入力区分}},
 });
 constexpr auto contact_columns = std::to_array<HeadColumn>({
-    {.field = {"御担当者コード", &HeaderRecord::得意先御担当者コード}, .code = true},
+    {.field = {"御担当者コード", &HeaderRecord::得意先御担当者コード}},
     {.field = {"氏名", &HeaderRecord::御担当者名}},
 });
 constexpr auto staff_columns = std::to_array<HeadColumn>({
-    {.field = {"コード", &HeaderRecord::担当者コード}, .code = true},
+    {.field = {"コード", &HeaderRecord::担当者コード}},
     {.field = {"氏名", &HeaderRecord::担当者名}},
-    {.field = {"部門コード", &HeaderRecord::部門コード}, .code = true},
+    {.field = {"部門コード", &HeaderRecord::部門コード}},
     {.field = {"部門名", &HeaderRecord::部門名}},
-    {.field = {"セクションコード", &HeaderRecord::セクションコード}, .code = true},
+    {.field = {"セクションコード", &HeaderRecord::セクションコード}},
     {.field = {"セクション名", &HeaderRecord::セクション名}},
 });
 constexpr auto department_columns = std::to_array<HeadColumn>({
-    {.field = {"コード", &HeaderRecord::部門コード}, .code = true},
+    {.field = {"コード", &HeaderRecord::部門コード}},
     {.field = {"名称", &HeaderRecord::部門名}},
 });
 constexpr auto section_columns = std::to_array<HeadColumn>({
-    {.field = {"コード", &HeaderRecord::セクションコード}, .code = true},
+    {.field = {"コード", &HeaderRecord::セクションコード}},
     {.field = {"名称", &HeaderRecord::セクション名}},
 });
 constexpr auto destination_columns = std::to_array<HeadColumn>({
-    {.field = {"コード", &HeaderRecord::納品先コード}, .code = true},
+    {.field = {"コード", &HeaderRecord::納品先コード}},
     {.field = {"名称A", &HeaderRecord::納品先名称A}},
     {.field = {"名称B", &HeaderRecord::納品先名称B}},
     {.field = {"名称入力区分", &HeaderRecord::納品先名称入力区分}},
 });
 constexpr auto product_columns = std::to_array<RowColumn>({
-    {.field = {"コード", &LineRecord::商品コード}, .code = true},
+    {.field = {"コード", &LineRecord::商品コード}},
     {.field = {"売上課税区分", &LineRecord::商品売上課税区分}},
     {.field = {"売上消費税区分", &LineRecord::商品売上消費税区分}},
     {.field = {"仕入課税区分", &LineRecord::商品仕入課税区分}},
@@ -87,7 +86,7 @@ constexpr auto product_columns = std::to_array<RowColumn>({
     {.field = {"税込仕入単価", &LineRecord::商品税込仕入単価}},
 });
 constexpr auto supplier_columns = std::to_array<RowColumn>({
-    {.field = {"コード", &LineRecord::仕入先コード}, .code = true},
+    {.field = {"コード", &LineRecord::仕入先コード}},
     {.field = {"名称A", &LineRecord::仕入先名称A}},
     {.field = {"消費税区分", &LineRecord::仕入先消費税区分}},
     {.field = {"消費税算出区分", &LineRecord::仕入先消費税算出区分}},
@@ -113,7 +112,7 @@ struct Master {
     std::string HeaderRecord::*owner = nullptr;
     std::string_view between = "";
     bool by_site = false;
-    std::string_view after = "'";
+    std::string_view after = "";
     std::span<const HeadColumn> head = {};
     std::span<const RowColumn> line = {};
     bool tested = true;  // a column is copied, and marks the document, only when it differs
@@ -132,15 +131,15 @@ constexpr auto masters = std::to_array<Master>({
          " FROM Mセクション RIGHT JOIN (M部門 RIGHT JOIN (M担当者 INNER JOIN M得意先 ON M担当者.コード = "
          "M得意先.担当者コード) ON M部門.コード = M担当者.部門コード) ON Mセクション.コード = "
          "M担当者.セクションコード"
-         " WHERE M得意先.コード = '",
-     .after = "' AND M得意先.取引状況区分 <> '3'",
+         " WHERE M得意先.コード = ",
+     .after = " AND M得意先.取引状況区分 <> '3'",
      .head = customer_columns,
      .after_hit = reprice_document},
     {.kind = MasterKind::contact,
      .recordset = &RunContext::Recordsets::得意先御担当者,
-     .before = "SELECT M得意先御担当者.* FROM M得意先御担当者 WHERE M得意先御担当者.得意先コード = '",
+     .before = "SELECT M得意先御担当者.* FROM M得意先御担当者 WHERE M得意先御担当者.得意先コード = ",
      .owner = &HeaderRecord::得意先コード,
-     .between = "' AND M得意先御担当者.御担当者コード = '",
+     .between = " AND M得意先御担当者.御担当者コード = ",
      .head = contact_columns},
     {.kind = MasterKind::staff,
      .recordset = &RunContext::Recordsets::担当者,
@@ -148,7 +147,7 @@ constexpr auto masters = std::to_array<Master>({
          "SELECT M担当者.*, M部門.名称 AS 部門名, Mセクション.名称 AS セクション名"
          " FROM Mセクション RIGHT JOIN (M部門 RIGHT JOIN M担当者 ON M部門.コード = M担当者.部門コード) ON "
          "Mセクション.コード = M担当者.セクションコード"
-         " WHERE M担当者.コード = '",
+         " WHERE M担当者.コード = ",
      .by_site = true,
      .after = " AND M担当者.在籍区分 = '0'",
      .head = staff_columns,
@@ -156,13 +155,13 @@ constexpr auto masters = std::to_array<Master>({
      .emptied_clears_notice = false},
     {.kind = MasterKind::department,
      .recordset = &RunContext::Recordsets::部門,
-     .before = "SELECT M部門.* FROM M部門 WHERE M部門.コード = '",
+     .before = "SELECT M部門.* FROM M部門 WHERE M部門.コード = ",
      .head = department_columns,
      .tested = false,
      .emptied_clears_notice = false},
     {.kind = MasterKind::section,
      .recordset = &RunContext::Recordsets::セクション,
-     .before = "SELECT Mセクション.* FROM Mセクション WHERE Mセクション.コード = '",
+     .before = "SELECT Mセクション.* FROM Mセクション WHERE Mセクション.コード = ",
      .head = section_columns,
      .tested = false,
      .emptied_clears_notice = false},
@@ -170,27 +169,28 @@ constexpr auto masters = std::to_array<Master>({
      .recordset = &RunContext::Recordsets::納品先,
      .before = "SELECT M納品先.*, M担当者.氏名 AS 担当者名"
                " FROM M担当者 INNER JOIN M納品先 ON M担当者.コード = M納品先.担当者コード"
-               " WHERE M納品先.コード = '",
-     .after = "' AND M納品先.取引状況区分 <> '3'",
+               " WHERE M納品先.コード = ",
+     .after = " AND M納品先.取引状況区分 <> '3'",
      .head = destination_columns},
     {.kind = MasterKind::product,
      .recordset = &RunContext::Recordsets::商品,
-     .before = "SELECT M商品.* FROM M商品 WHERE M商品.コード = '",
-     .after = "' AND M商品.取扱状況区分 <> '3'",
+     .before = "SELECT M商品.* FROM M商品 WHERE M商品.コード = ",
+     .after = " AND M商品.取扱状況区分 <> '3'",
      .line = product_columns,
      .more = read_product_texts,
      .after_hit = reprice_line,
      .after_miss = totals_only},
     {.kind = MasterKind::supplier,
      .recordset = &RunContext::Recordsets::仕入先,
-     .before = "SELECT M仕入先.* FROM M仕入先 WHERE M仕入先.コード = '",
-     .after = "' AND M仕入先.取引状況区分 <> '3'",
+     .before = "SELECT M仕入先.* FROM M仕入先 WHERE M仕入先.コード = ",
+     .after = " AND M仕入先.取引状況区分 <> '3'",
      .line = supplier_columns},
 });
 
 template <class Record>
 constexpr bool code_first(std::span<const MasterColumn<Record>> columns) {
-    return columns.front().code && columns.front().field.template holds<std::string Record::*>();
+    return columns.front().field.column.ends_with("コード") &&
+           columns.front().field.template holds<std::string Record::*>();
 }
 // Each row stands at its kind, with a recordset of its own, and writes either the header or the line, whose
 // code comes first.
@@ -226,40 +226,30 @@ std::string& code_held(const Master& m, int i) {
                           : 請求ヘッダ.*std::get<std::string HeaderRecord::*>(m.head[0].field.member);
 }
 
-// What a code field's keys may put into it, and the blanks of a padded column. Codes go into statements as
-// they are, so one that could not have been typed is not taken from a table either.
+// What a code field's keys may put into it, and the blanks of a padded column.
 bool could_be_typed(std::string_view code) {
     return std::ranges::all_of(code, [](char c) { return c == ' ' || is_code_character(c); });
 }
 
-template <class Record>
-bool codes_could_be_typed(const ado::Recordset& rs, std::span<const MasterColumn<Record>> columns) {
-    return std::ranges::all_of(columns, [&rs](const auto& c) {
-        return !c.code || could_be_typed(rs.Fields(c.field.column).text());
-    });
-}
-
 std::string statement(const Master& m, const std::string& code) {
     std::string sql(m.before);
-    if (m.owner) sql += 請求ヘッダ.*m.owner;
+    if (m.owner) append_literal(sql, 請求ヘッダ.*m.owner);
     sql += m.between;
-    sql += code;
-    if (m.by_site) {
-        sql += "'";
-        // the head office sees everyone, a site its own people and the head office's
-        if (実行環境.事業所コード != 全社事業所)
-            sql += " AND (M担当者.事業所コード = '" + 実行環境.事業所コード +
-                   "' OR M担当者.事業所コード = '" + 全社事業所 + "')";
-    }
+    append_literal(sql, code);
+    // the head office sees everyone, a site its own people and the head office's
+    if (m.by_site && 実行環境.事業所コード != 全社事業所)
+        sql += " AND (M担当者.事業所コード = " + literal(実行環境.事業所コード) +
+               " OR M担当者.事業所コード = " + literal(全社事業所) + ")";
     return sql.append(m.after);
 }
 
 bool exists(const Master& m, const std::string& code) {
-    ado::Recordset& rs = recordset(m);
-    if (could_be_typed(code) && (!m.owner || could_be_typed(請求ヘッダ.*m.owner))) {
-        if (!主DB読込(rs, statement(m, code))) return false;
-        if (codes_could_be_typed(rs, m.head) && codes_could_be_typed(rs, m.line)) return true;
-    }
+    return 主DB読込(recordset(m), statement(m, code));
+}
+
+// A code that the field would not take is a miss, however it came there.
+bool entered_exists(const Master& m, const std::string& code) {
+    if (could_be_typed(code)) return exists(m, code);
     release(m);
     return false;
 }
@@ -313,7 +303,7 @@ bool decide(const Master& m, const std::string& text, int i) {
         if (m.emptied_clears_notice) 実行環境.案内メッセージ.clear();
         return true;
     }
-    const bool hit = exists(m, text);
+    const bool hit = entered_exists(m, text);
     if (hit)
         read(m, i);
     else
@@ -341,7 +331,7 @@ void read_product_texts(const ado::Recordset& rs, int i) {
     const std::string supplier_code = rs.Fields("仕入先コード").text();
     if (line.仕入先コード.empty() && !supplier_code.empty()) {
         copy(line.仕入先コード, supplier_code, true);
-        if (仕入先存在確認(supplier_code))
+        if (exists(master(MasterKind::supplier), supplier_code))
             仕入先読込(i);
         else
             仕入先読込取消(i);
@@ -372,7 +362,7 @@ void reprice_line(int i) {
 }  // namespace
 
 bool master_exists(MasterKind kind, const std::string& code) {
-    return exists(master(kind), code);
+    return entered_exists(master(kind), code);
 }
 void read_master(MasterKind kind, int i) {
     read(master(kind), i);

@@ -16,7 +16,8 @@ constexpr bool is_of_line(MasterKind kind) {
     return kind >= MasterKind::product;
 }
 
-// Looks for a code; true when found. The recordset stays open in the run context for the next routine.
+// Looks for a code; true when found, false without a look for one that its field would not take. The
+// recordset stays open in the run context for the next routine.
 bool master_exists(MasterKind kind, const std::string& code);
 // Columns that are not NULL into the document, for a master of the line into line i; then closes. Nothing on
 // a released recordset.

@@ -33,15 +33,16 @@ void erase(const std::string& sql, bool log = false) {
 }
 
 std::string site_and_date() {
-    return " WHERE 事業所コード = '" + 実行環境.事業所コード + "' AND 番号基準日付 = '" +
-           実行環境.番号基準日付 + "'";
+    return " WHERE 事業所コード = " + literal(実行環境.事業所コード) +
+           " AND 番号基準日付 = " + literal(実行環境.番号基準日付);
 }
 
 // The old key, its columns qualified or not.
 std::string old_key(const std::string& table) {
     const HeaderRecord& h = 請求ヘッダ;
-    return " WHERE " + table + "事業所コード = '" + h.旧事業所コード + "' AND " + table + "番号基準日付 = '" +
-           h.旧番号基準日付 + "' AND " + table + "営業請求No = '" + h.旧営業請求No + "'";
+    return " WHERE " + table + "事業所コード = " + literal(h.旧事業所コード) + " AND " + table +
+           "番号基準日付 = " + literal(h.旧番号基準日付) + " AND " + table +
+           "営業請求No = " + literal(h.旧営業請求No);
 }
 
 // Before the first statement: a document that runs out of identities must not be written in part.
@@ -109,7 +110,7 @@ void 削除書込() {
 
 bool 営業請求No確定() {
     const auto taken = [](const char* select, const std::string& number) {
-        return has_row(select + site_and_date() + " AND 営業請求No = '" + number + "'");
+        return has_row(select + site_and_date() + " AND 営業請求No = " + literal(number));
     };
     if (!次番号参照(請求番号ID, 実行環境.番号基準日付, 実行環境.事業所コード).empty()) {
         実行環境.営業請求No = 空き番号(
@@ -126,7 +127,7 @@ std::string 営業請求履歴No採番() {
     return 空き番号([] { return 履歴番号採番(請求番号ID, 実行環境.番号基準日付, 実行環境.事業所コード); },
                     [](const std::string& n) {
                         return has_row("SELECT TOP 1 営業請求No FROM R営業請求" + site_and_date() +
-                                       " AND 営業請求履歴No = '" + n + "'");
+                                       " AND 営業請求履歴No = " + literal(n));
                     });
 }
 
@@ -169,8 +170,8 @@ void 請求明細取消() {
     }
     for (; !row.Eof(); row.MoveNext()) {
         insert(line_copy(row, {請求ヘッダ.赤履歴No, red}, 現在日時()));
-        erase("DELETE FROM T営業請求明細" + key + " AND T営業請求明細.営業請求固有行No = '" +
-              row.Fields("営業請求固有行No").text() + "'");
+        erase("DELETE FROM T営業請求明細" + key +
+              " AND T営業請求明細.営業請求固有行No = " + literal(row.Fields("営業請求固有行No").text()));
     }
     row.Close();
     set_status(deleted);
@@ -196,9 +197,11 @@ void 未集計情報登録(const std::string& 登録情報区分, const std::str
                     const std::string& 伝票No, const std::string& 履歴No) {
     const std::string sql =
         "INSERT INTO [未集計情報] ([事業所コード],[番号ID],[番号基準日付],[履歴No],[赤黒区分],[伝票No],"
-        "[追加キー項目],[データフラグ],[登録情報区分],[予備項目]) VALUES ('" +
-        事業所コード + "','" + 番号ID + "','" + 番号基準日付 + "','" + 履歴No + "','" + 赤黒区分 + "','" +
-        伝票No + "','','0','" + 登録情報区分 + "','" + 更新者() + "')";
+        "[追加キー項目],[データフラグ],[登録情報区分],[予備項目]) VALUES (" +
+        literals(
+            {事業所コード, 番号ID, 番号基準日付, 履歴No, 赤黒区分, 伝票No, "", "0", 登録情報区分, 更新者()},
+            ",") +
+        ")";
     const bool done = 実行環境.更新実行区分 == 1 ? 主DB実行(sql, true) : 設定DB実行(sql);
     set_status(done ? written : insert_failed);
 }

@@ -49,9 +49,9 @@ void compute(int i, Recompute what) {
 std::string lines_of(const SourceRow& source, const std::string& site, const std::string& base_date,
                      const std::string& number) {
     const std::string table = source.line_table;
-    return "SELECT " + table + ".* FROM " + table + "  WHERE " + table + ".事業所コード = '" + site +
-           "' AND " + table + ".番号基準日付 = '" + base_date + "' AND " + table + "." +
-           source.number_column + " = '" + number + "'";
+    return "SELECT " + table + ".* FROM " + table + "  WHERE " + table + ".事業所コード = " + literal(site) +
+           " AND " + table + ".番号基準日付 = " + literal(base_date) + " AND " + table + "." +
+           source.number_column + " = " + literal(number);
 }
 
 std::string ordered(const SourceRow& source) {
@@ -102,7 +102,7 @@ void 営業請求行読込(int i, const std::string& site, const std::string& ba
     const SourceRow& source = source_row(SourceKind::reference);
     ado::Recordset rs;
     if (主DB読込(rs, lines_of(source, site, base_date, number) + " AND " + source.line_table +
-                         ".営業請求固有行No = '" + identity + "'")) {
+                         ".営業請求固有行No = " + literal(identity))) {
         LineRecord& line = 請求明細行[i];
         take_brought(rs, source, line);
         take(rs.Fields("明細メモ"), line.明細メモ);

@@ -174,15 +174,15 @@ bool 検索条件名登録(const std::string& family, const std::string& program
     for (char letter = 'A'; letter <= 'Z'; ++letter) {
         const auto i = static_cast<std::size_t>(letter - 'A');
         if (letter != 'A') sql += ", ";
-        sql += std::string("条件項目名") + letter + " = '" + (i < keys.size() ? keys[i] : "") + "'";
+        sql += std::string("条件項目名") + letter + " = " + literal(i < keys.size() ? keys[i] : "");
     }
-    return 設定DB実行(sql + " WHERE プログラムID = '" + program + "'");
+    return 設定DB実行(sql + " WHERE プログラムID = " + literal(program));
 }
 
 void タイトル表示() {
     RunContext& r = 実行環境;
     ado::Recordset rs;
-    r.事業所名称 = 主DB読込(rs, "SELECT * FROM M事業所 WHERE コード = '" + r.運用事業所コード + "'")
+    r.事業所名称 = 主DB読込(rs, "SELECT * FROM M事業所 WHERE コード = " + literal(r.運用事業所コード))
                        ? text_of(rs, "名称")
                        : "";
     rs.Close();

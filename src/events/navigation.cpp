@@ -28,12 +28,12 @@ std::string neighbour_statement(const Direction& d) {
                       number = 実行環境.営業請求No;
     const std::string c = d.comparison;
     std::string sql =
-        "SELECT TOP 1 番号基準日付,営業請求No FROM T営業請求 WHERE 事業所コード = '" + site + "'";
+        "SELECT TOP 1 番号基準日付,営業請求No FROM T営業請求 WHERE 事業所コード = " + literal(site);
     if (number.empty())
-        sql += " AND 営業請求日付 " + c + "= '" + date + "'";
+        sql += " AND 営業請求日付 " + c + "= " + literal(date);
     else
-        sql += " AND ((営業請求日付 = '" + date + "' AND 営業請求No " + c + " '" + number +
-               "') OR 営業請求日付 " + c + " '" + date + "')";
+        sql += " AND ((営業請求日付 = " + literal(date) + " AND 営業請求No " + c + " " + literal(number) +
+               ") OR 営業請求日付 " + c + " " + literal(date) + ")";
     return sql + d.order;
 }
 

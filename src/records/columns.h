@@ -21,8 +21,8 @@ namespace kalvane {
 // How a value stands in a statement, and which member holds it.
 enum class ColumnKind {
     key,            // a part of the document key, of the run context; quoted
-    text,           // quoted as it is: codes, numbers, dates
-    name,           // quoted, its quotes doubled and trailing blanks cut: free text
+    text,           // quoted: codes, numbers, dates
+    name,           // quoted, trailing blanks cut: free text
     head_text,      // a line's copy of a header text, of the header; quoted
     digit,          // 16-bit integer, quoted
     number_text,    // 16-bit integer without a format, quoted

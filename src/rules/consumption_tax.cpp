@@ -38,9 +38,9 @@ namespace {
                 std::string_view 基準日付, std::int16_t 旧税率指定) {
     std::string sql;
     if (実行環境.db == "A" || 実行環境.db == "S" || 実行環境.db == "O") {
-        sql = "SELECT G消費税.* FROM G消費税 WHERE G消費税.施行日 <= '";
-        sql += 基準日付;
-        sql += "' ORDER BY G消費税.施行日 DESC";
+        sql = "SELECT G消費税.* FROM G消費税 WHERE G消費税.施行日 <= ";
+        append_literal(sql, 基準日付);
+        sql += " ORDER BY G消費税.施行日 DESC";
     }
     const bool negative = 対象金額 < 通貨();
     const 通貨 amount = negative ? times(対象金額, -1) : 対象金額;

@@ -67,14 +67,14 @@ std::string text(std::initializer_list<std::string_view> parts) {
 }
 
 std::string series_sql(std::string_view id, std::string_view tested = "A番号情報") {
-    return text({"SELECT A番号情報.* FROM A番号情報 WHERE ", tested, ".番号ID = '", id, "'"});
+    return text({"SELECT A番号情報.* FROM A番号情報 WHERE ", tested, ".番号ID = ", literal(id)});
 }
 
 std::string where(const Counter& c, const Key& key) {
     std::string out = " WHERE ";
-    if (c.by_site) out += text({c.table, ".事業所コード = '", key.site, "' AND "});
-    out += text({c.table, ".番号ID = '", key.id, "'"});
-    if (c.dated) out += text({" AND ", c.table, ".期日 = '", key.date, "'"});
+    if (c.by_site) out += text({c.table, ".事業所コード = ", literal(key.site), " AND "});
+    out += text({c.table, ".番号ID = ", literal(key.id)});
+    if (c.dated) out += text({" AND ", c.table, ".期日 = ", literal(key.date)});
     return out;
 }
 
@@ -87,13 +87,13 @@ void make_row(const Counter& c, const Key& key) {
     std::string columns, values;
     if (c.by_site) {
         columns += "[事業所コード],";
-        values += text({"'", key.site, "',"});
+        values += literal(key.site) + ",";
     }
     columns += "[番号ID],";
-    values += text({"'", key.id, "',"});
+    values += literal(key.id) + ",";
     if (c.dated) {
         columns += "[期日],";
-        values += text({"'", key.date, "',"});
+        values += literal(key.date) + ",";
     }
     主DB実行(text({"INSERT INTO [", c.table, "] (", columns, "[連番],[履歴連番]) VALUES (", values,
                    "'00000000','00000000')"}));
@@ -125,7 +125,7 @@ std::string number(const Routine& routine, bool by_site, const Key& key) {
         rs.Close();
     }
     if (routine.writes)  // a missing row leaves the number empty, and the update meets no row
-        主DB実行(text({"UPDATE ", counter.table, " SET ", " ", routine.column, " = '", next, "'",
+        主DB実行(text({"UPDATE ", counter.table, " SET ", " ", routine.column, " = ", literal(next),
                        where(counter, key)}));
     return next;
 }
@@ -204,7 +204,7 @@ void 事業所別期日別番号行作成(const std::string& 番号ID, const std
 void 更新プログラム起動(const std::string& 番号ID) {
     ado::Recordset rs;
     std::string program;
-    if (主DB読込(rs, text({"SELECT 更新プログラム FROM A番号情報 WHERE 番号ID = '", 番号ID, "'"})))
+    if (主DB読込(rs, text({"SELECT 更新プログラム FROM A番号情報 WHERE 番号ID = ", literal(番号ID)})))
         program = rs.Fields("更新プログラム").text();
     rs.Close();
     if (program.empty()) return;

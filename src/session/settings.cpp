@@ -169,7 +169,7 @@ constexpr std::array<Replaced, 7> replaced{{
 }};
 
 bool read_site(ado::Recordset& rs, const std::string& code) {
-    return 主DB読込(rs, "SELECT * FROM M事業所 WHERE コード = '" + code + "'");
+    return 主DB読込(rs, "SELECT * FROM M事業所 WHERE コード = " + literal(code));
 }
 
 // The site's row, or that of the head office, which then becomes the site of the installation.
@@ -185,8 +185,8 @@ void 他業務連携読込() {
     実行環境.他業務連携件数 = static_cast<std::int16_t>(link_keys.size());
     for (std::size_t slot = 0; slot < link_keys.size(); ++slot) {
         ado::Recordset rs;
-        if (主DB読込(rs,
-                     std::string("SELECT TOP 1 * FROM M他業務連携 WHERE コード = '") + link_keys[slot] + "'"))
+        if (主DB読込(rs, std::string("SELECT TOP 1 * FROM M他業務連携 WHERE コード = ") +
+                             literal(link_keys[slot])))
             take_all(rs, link_fields, 実行環境.他業務連携[slot]);
         rs.Close();
     }
@@ -239,7 +239,8 @@ bool 基本情報読込() {
 
 void 運用事業所更新(const std::string& code) {
     実行環境.運用事業所コード = code;
-    設定DB実行記録("UPDATE 動作環境定義 SET  運用事業所コード = '" + code + "' WHERE 動作環境定義ID = '001'");
+    設定DB実行記録("UPDATE 動作環境定義 SET  運用事業所コード = " + literal(code) +
+                   " WHERE 動作環境定義ID = '001'");
 }
 
 }  // namespace kalvane

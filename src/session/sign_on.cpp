@@ -28,11 +28,11 @@ bool read_override(const std::string& family, const std::string& program, bool& 
     if (実行環境.起動担当者コード.empty()) return false;
     std::string sql =
         "SELECT 担当者別操作許可プログラム.* FROM 担当者別操作許可プログラム WHERE "
-        "担当者別操作許可プログラム.担当者コード = '" +
-        実行環境.起動担当者コード + "'";
+        "担当者別操作許可プログラム.担当者コード = " +
+        literal(実行環境.起動担当者コード);
     if (std::find(families.begin(), families.end(), family) != families.end())
-        sql += " AND 担当者別操作許可プログラム.業務メニュ = '" + family + "'";
-    sql += " AND 担当者別操作許可プログラム.プログラムID = '" + program + "'";
+        sql += " AND 担当者別操作許可プログラム.業務メニュ = " + literal(family);
+    sql += " AND 担当者別操作許可プログラム.プログラムID = " + literal(program);
     ado::Recordset rs;
     const bool found = 主DB読込(rs, sql);
     if (found) {
@@ -46,7 +46,7 @@ bool read_override(const std::string& family, const std::string& program, bool& 
 bool class_test(const std::string& family, const std::string& program) {
     ado::Recordset rs;
     bool result = false;
-    if (設定DB参照(rs, "SELECT * FROM " + family + " WHERE プログラムID = '" + program + "'")) {
+    if (設定DB参照(rs, "SELECT * FROM " + family + " WHERE プログラムID = " + literal(program))) {
         const double k = rs.Fields("処理分類").number();
         if (!(k >= 0 && k <= 9) || k != std::floor(k))
             result = true;

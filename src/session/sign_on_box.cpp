@@ -19,14 +19,14 @@ SignOnBox& box() {
 // Employed, or leaving after today; of this site or of the head office.
 std::string conditions() {
     return " AND (M担当者.在籍区分 = '0' OR (M担当者.在籍区分 = '1' AND M担当者.退社日付 <>'' AND "
-           "M担当者.退社日付 > '" +
-           現在日付() + "')) AND (M担当者.事業所コード = '" + 実行環境.事業所コード +
-           "' OR M担当者.事業所コード = '" + 全社事業所 + "')";
+           "M担当者.退社日付 > " +
+           literal(現在日付()) + ")) AND (M担当者.事業所コード = " + literal(実行環境.事業所コード) +
+           " OR M担当者.事業所コード = " + literal(全社事業所) + ")";
 }
 
 bool find_operator(ado::Recordset& rs, const char* column, const std::string& value) {
-    return 主DB読込(rs, std::string("SELECT M担当者.* FROM M担当者 WHERE M担当者.") + column + " = '" +
-                            value + "'" + conditions());
+    return 主DB読込(rs, std::string("SELECT M担当者.* FROM M担当者 WHERE M担当者.") + column + " = " +
+                            literal(value) + conditions());
 }
 
 void show_operator(const ado::Recordset& rs) {
@@ -63,8 +63,8 @@ void ログイン担当者検索() {
 
 bool 起動担当者更新(const std::string& code) {
     if (blank(code)) return true;
-    if (!設定DB実行記録("UPDATE 動作環境定義 SET 起動担当者コード = '" + code +
-                        "'  WHERE 動作環境定義ID = '001'")) {
+    if (!設定DB実行記録("UPDATE 動作環境定義 SET 起動担当者コード = " + literal(code) +
+                        "  WHERE 動作環境定義ID = '001'")) {
         message_box("データベースに問題が発生し修正できませんでした。");
         return false;
     }

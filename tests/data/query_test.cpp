@@ -20,6 +20,16 @@ TEST(文, 引用符とゼロ) {
     EXPECT_EQ(ゼロ文字列(3) + "|" + ゼロ文字列(1) + "|" + ゼロ文字列(0) + "|" + ゼロ文字列(-5), "000|0||");
 }
 
+// Values read back as they were, whatever they hold.
+TEST(文, 値) {
+    const Installation at(setup::Content::empty);
+    const std::string odd[] = {"O'Neil ", "''", "", std::string("a\0'b ", 5)};
+    for (const std::string& value : odd) EXPECT_EQ(at.main("SELECT " + literal(value) + " AS v"), value);
+    EXPECT_EQ(literals({"a", "b'"}), "'a', 'b'''");
+    EXPECT_EQ(name_literal(" c' ") + name_literal("  "), "' c'''''");
+    EXPECT_EQ(at.main("SELECT " + name_literal(std::string("a\0 ", 3)) + " AS v"), std::string("a\0", 2));
+}
+
 // A call by its word, its statement ("~" for a blank at its end), the result, the row behind the start row.
 TEST(問合せ, 結果と履歴) {
     ado::Recordset rs;

@@ -2,6 +2,7 @@
 // left when a statement fails.
 #include <gtest/gtest.h>
 
+#include "records/columns.h"
 #include "records/document.h"
 #include "support/sequences.h"
 #include "support/small_company.h"
@@ -184,6 +185,38 @@ TEST_F(請求変更, 基準日付が変わる) {
     EXPECT_EQ(headers(), "20240331|00000005|20240310|13");
     EXPECT_EQ(journal(), "20250331|00000001|1|630\n20240331|00000001|1|630\n20250331|00000002|0|630");
     fail_at_each_position(at, move_date, register_document);
+}
+
+// Nothing that a stored document holds breaks a statement of its change: quotes in every text, a NUL in one.
+TEST_F(請求変更, 異様な文字) {
+    lay_documents();
+    const auto lay_odd = [&](const std::string& table, const auto& columns) {
+        std::string names, changes;
+        for (const auto& c : columns) {
+            const std::string name(c.field.column);
+            if ((c.kind != ColumnKind::text && c.kind != ColumnKind::name) || name.ends_with("日付") ||
+                name == "承認区分" || name.ends_with("行No"))
+                continue;
+            names += (names.empty() ? "" : ", ") + name;
+            changes += (changes.empty() ? "" : ", ") + name + " = '" + std::to_string(names.size()) + "''" +
+                       (name == "タイトル" ? "' || char(0) || '" : "") + "q'";
+        }
+        at.main("UPDATE " + table + " SET " + changes);
+        return "SELECT DISTINCT " + names + " FROM ";
+    };
+    const std::string header = lay_odd("T営業請求", header_columns),
+                      line = lay_odd("T営業請求明細", line_columns);
+    const std::string odd_header = at.main(header + "T営業請求"), odd_line = at.main(line + "T営業請求明細");
+    Seat seat(at);
+    change_quantity(seat);
+    register_document(seat);
+    EXPECT_EQ(headers(), "99999999|00000001|20240410|7");
+    for (const char* table : {"T営業請求", "R営業請求 WHERE 営業請求履歴No > '00000001'"})
+        EXPECT_EQ(at.main(header + table), odd_header);
+    for (const char* table : {"T営業請求明細", "R営業請求明細 WHERE 営業請求履歴No > '00000001'"})
+        EXPECT_EQ(at.main(line + table), odd_line);
+    EXPECT_EQ(at.main("SELECT COUNT(*) FROM R営業請求明細"), "6");
+    EXPECT_EQ(at.config("SELECT COUNT(*) FROM プログラム稼動履歴 WHERE 摘要 LIKE 'エラー %'"), "0");
 }
 
 // 更新実行区分 0: the queue lies in the configuration database, and both databases are closed and opened.
