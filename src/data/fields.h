@@ -1,6 +1,8 @@
 // Columns into members: a NULL leaves the member as it was.
 #pragma once
+#include <algorithm>
 #include <cstdint>
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <variant>
@@ -31,6 +33,14 @@ void take(const ado::Recordset& rs, const Field<Records...>& f, Record& record) 
 template <class Table, class Record>
 void take_all(const ado::Recordset& rs, const Table& table, Record& record) {
     for (const auto& f : table) take(rs, f, record);
+}
+
+// Whether the row has every one of the columns. Where rights are asked for, a row that lacks one counts as
+// none.
+bool has_columns(const ado::Recordset& rs, std::initializer_list<std::string_view> names);
+template <class Table>
+bool has_all(const ado::Recordset& rs, const Table& table) {
+    return std::ranges::all_of(table, [&rs](const auto& f) { return rs.column_index(f.column) >= 0; });
 }
 
 // Text of a column, "" for NULL.

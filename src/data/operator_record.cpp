@@ -25,18 +25,28 @@ std::string class_right_column(int k) {
     return "処理分類" + std::to_string(k) + "操作許可";
 }
 
+bool has_operator_rights(const ado::Recordset& rs) {
+    for (int k = 0; k < 10; ++k)
+        if (rs.column_index(class_right_column(k)) < 0) return false;
+    return has_all(rs, rights);
+}
+
 bool 起動担当者読込() {
+    constexpr std::string_view column = "起動担当者コード";
     実行環境.起動担当者コード.clear();
     ado::Recordset rs;
-    if (設定DB参照(rs, "SELECT * FROM 動作環境定義 WHERE 動作環境定義ID = '001'"))
-        take(rs.Fields("起動担当者コード"), 実行環境.起動担当者コード);
+    if (設定DB参照(rs, "SELECT * FROM 動作環境定義 WHERE 動作環境定義ID = '001'") &&
+        has_columns(rs, {column}))
+        take(rs.Fields(column), 実行環境.起動担当者コード);
     rs.Close();
     return !blank(実行環境.起動担当者コード);
 }
 
 bool 担当者情報読込(const std::string& code) {
     ado::Recordset rs;
-    const bool found = 主DB読込(rs, "SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = " + literal(code));
+    const bool found =
+        主DB読込(rs, "SELECT M担当者.* FROM M担当者 WHERE M担当者.コード = " + literal(code)) &&
+        has_all(rs, operator_fields) && has_operator_rights(rs);
     if (found) {
         take_all(rs, operator_fields, 実行環境);
         for (int k = 0; k < 10; ++k)

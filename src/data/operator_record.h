@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/ado/ado.h"
 #include "records/run_context.h"
 
 namespace kalvane {
@@ -26,6 +27,9 @@ inline constexpr std::array<OperationRight, 8> rights{{
 }};
 // Column of the right to a class of programs, "処理分類0操作許可" to "処理分類9操作許可".
 std::string class_right_column(int k);
+// Whether a row of M担当者 has all columns of its operator's rights; one that lacks a column counts as no
+// row.
+bool has_operator_rights(const ado::Recordset& rs);
 
 // Reads 起動担当者コード from 動作環境定義; true when it is not blank. A failing read gives an empty code.
 bool 起動担当者読込();

@@ -34,7 +34,7 @@ bool read_override(const std::string& family, const std::string& program, bool& 
         sql += " AND 担当者別操作許可プログラム.業務メニュ = " + literal(family);
     sql += " AND 担当者別操作許可プログラム.プログラムID = " + literal(program);
     ado::Recordset rs;
-    const bool found = 主DB読込(rs, sql);
+    const bool found = 主DB読込(rs, sql) && has_all(rs, rights);
     if (found) {
         for (const OperationRight& r : rights) 実行環境.*r.member = text_of(rs, r.column);
         result = allows(実行環境.操作許可);
@@ -46,7 +46,8 @@ bool read_override(const std::string& family, const std::string& program, bool& 
 bool class_test(const std::string& family, const std::string& program) {
     ado::Recordset rs;
     bool result = false;
-    if (設定DB参照(rs, "SELECT * FROM " + family + " WHERE プログラムID = " + literal(program))) {
+    if (設定DB参照(rs, "SELECT * FROM " + family + " WHERE プログラムID = " + literal(program)) &&
+        has_columns(rs, {"処理分類"})) {
         const double k = rs.Fields("処理分類").number();
         if (!(k >= 0 && k <= 9) || k != std::floor(k))
             result = true;

@@ -37,7 +37,9 @@ void show_operator(const ado::Recordset& rs) {
 bool 担当者検索(const std::string& code) {
     RunContext& r = 実行環境;
     ado::Recordset rs;
-    const bool found = find_operator(rs, "コード", code);
+    const bool found = find_operator(rs, "コード", code) &&
+                       has_columns(rs, {"コード", "氏名", "暗証番号", "ログインID", "アクセス権限"}) &&
+                       has_operator_rights(rs);
     if (found) {
         show_operator(rs);
         box().担当者暗証番号 = os::復号(text_of(rs, "暗証番号"));
@@ -55,7 +57,8 @@ bool 担当者検索(const std::string& code) {
 
 void ログイン担当者検索() {
     ado::Recordset rs;
-    const bool found = find_operator(rs, "ログインID", 実行環境.ユーザID);
+    const bool found =
+        find_operator(rs, "ログインID", 実行環境.ユーザID) && has_columns(rs, {"コード", "氏名"});
     if (found) show_operator(rs);
     rs.Close();
     if (found && 担当者検索(box().担当者コード.text)) set_tab_stop(box().担当者コード, false);

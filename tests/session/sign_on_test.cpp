@@ -13,7 +13,7 @@ using namespace test;
 // The operator 00001 has every right, the program is of class 1, and operators sign on with PINs. The answer,
 // the kind of operation (0 to start), assignments to the operator's row, and what is arranged besides: "class
 // X", "no row" of the program, "own X" for its row in 担当者別操作許可プログラム, "family X", "site X" of
-// one, "code X" signed on, "pins X".
+// one, "code X" signed on, "pins X", "lacks TABLE COLUMN", "config_lacks TABLE COLUMN".
 const auto cases = table(R"(yes|0|| ; no|0|操作許可 = '1'| ; yes|1|操作許可 = '1'| ; no|1|入力許可 = '1'|
     no|2|修正許可 = '1'| ; no|3|削除許可 = '1'| ; no|4|印刷許可 = '1'| ; no|5|プレビュ許可 = '1'|
     no|6|テキスト出力許可 = '1'| ; no|7|イメージ出力許可 = '1'| ; yes|8|操作許可 = '1', イメージ出力許可 = '1'|
@@ -28,6 +28,9 @@ const auto cases = table(R"(yes|0|| ; no|0|操作許可 = '1'| ; yes|1|操作許
     no|0|@all|own 'Other', @id, '0', '0', '0'
     yes|0||family Kalvaneマイメニュ; own 'Other', @id, '0', '0', '0' ; no|0||family Kalvaneマイメニュ
     yes|0|在籍区分 = '1', 退社日付 = '20200101'| ; no|0|コード = '00002'| ; no|0||code   ; no|0||code 00002
+    no|0||config_lacks Kalvane 処理分類 ; no|0||config_lacks 動作環境定義 起動担当者コード ; no|0||lacks M担当者 印刷許可
+    no|0||lacks M担当者 役職コード ; no|0||lacks M担当者 処理分類9操作許可
+    yes|0||own 'Kalvane', @id, '1', '0', '0'; lacks 担当者別操作許可プログラム 印刷許可
     yes|0|@all|class ''; pins 0 ; yes|0|@all|pins 2 ; yes|0|コード = '00002'|pins 0)",
                          {{"@all", "操作許可 = '1', 入力許可 = '1', 修正許可 = '1', 処理分類1操作許可 = '1'"},
                           {"@id", "'KalvaneInvoiceEntry'"}});
@@ -54,6 +57,10 @@ TEST(操作権限, 判定) {
             if (verb == "family") family = rest;
             if (verb == "site") 実行環境.運用事業所コード = rest;
             if (verb == "code") at.config("UPDATE 動作環境定義 SET 起動担当者コード = '" + rest + "'");
+            if (verb == "lacks" || verb == "config_lacks") {
+                const std::string drop = "ALTER TABLE " + Replace(rest, " ", " DROP COLUMN ");
+                verb == "lacks" ? at.main(drop) : at.config(drop);
+            }
             if (verb == "pins") 実行環境.暗証番号有無 = to_i16(rest);
         }
         EXPECT_EQ(操作権限確認(family, "KalvaneInvoiceEntry", static_cast<Operation>(std::stoi(r[1]))),
