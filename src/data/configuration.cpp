@@ -84,11 +84,12 @@ std::string config_connection_text(const std::string& path) {
     return std::string("Provider=") + provider + ";User ID=;Password=;Data Source=" + path;
 }
 
-void open_with_settings(ado::Connection& c, const std::string& text) {
+void open_with_settings(ado::Connection& c, const std::string& text,
+                        ado::Access access = ado::Access::program) {
     c.ConnectionTimeout = 60;
     c.CommandTimeout = 30000;
     c.CursorLocation = 3;
-    c.Open(text);
+    c.Open(text, access);
 }
 
 // 設定接続 on the folder that counts; this path carries a semicolon of its own.
@@ -96,6 +97,17 @@ void open_config() {
     open_with_settings(実行環境.設定接続, config_connection_text(実行環境.設定フォルダ + "\\usrcnfg" +
                                                                  ending(実行環境.設定DB種別) + ";"));
     実行環境.設定接続中 = true;
+}
+
+// What is committed may stand in the log of the database alone, which its file lacks. A copy that fails is
+// missed when it is opened.
+void copy_configuration(const std::string& from, const std::string& to) {
+    try {
+        ado::Connection c;
+        open_with_settings(c, config_connection_text(from), ado::Access::reader);
+        c.CopyTo(to);
+    } catch (const ado::Error&) {
+    }
 }
 
 std::string not_null(const ado::Recordset& rs, std::string_view column) {
@@ -171,7 +183,7 @@ bool 環境定義読込() {
             実行環境.設定接続中 = false;
             return false;
         }
-        open_with_settings(実行環境.設定接続, config_connection_text(config_path));
+        open_with_settings(実行環境.設定接続, config_connection_text(config_path), ado::Access::reader);
         実行環境.設定接続中 = true;
     } catch (const ado::Error& e) {
         show_fault(Fault::configuration_not_opened, std::to_string(e.number()) + " " + e.what());
@@ -238,7 +250,7 @@ void ユーザ別環境準備() {
     const std::string config = std::string("\\usrcnfg") + ending(実行環境.設定DB種別);
     フォルダ作成(実行環境.設定フォルダ + config);
     if (!ファイル存在確認(実行環境.設定フォルダ + config))
-        ファイル複写(実行環境.共通設定フォルダ + config, 実行環境.設定フォルダ + config);
+        copy_configuration(実行環境.共通設定フォルダ + config, 実行環境.設定フォルダ + config);
     if (実行環境.帳票DB種別 == 0) return;
     const std::string report = std::string("\\repdb") + ending(実行環境.帳票DB種別);
     フォルダ作成(実行環境.帳票フォルダ + report);

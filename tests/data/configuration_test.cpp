@@ -160,6 +160,26 @@ TEST(ユーザ別環境, 複写は一度だけ) {
     EXPECT_EQ(rs.Fields("n").text(), "3");
 }
 
+// What is committed may stand in the log alone; and a copy that fails leaves nothing to be taken for one.
+TEST(ユーザ別環境, 設定の複写) {
+    const Installation at(setup::Content::empty);
+    ado::Connection other;
+    setup::open_database(other, at.root(), setup::config_file, ado::Access::program);
+    other.Execute("UPDATE 動作環境定義 SET インストール区分 = '1', 起動担当者コード = '00077'");
+    const std::string copy = at.root() + "/users/tanaka/conf/usrcnfg.accdb";
+    fs::create_directories(copy + "-part/in the way");
+    {
+        Start start(at.root());
+        EXPECT_FALSE(start.running());
+        EXPECT_FALSE(fs::exists(copy));
+    }
+    fs::remove_all(copy + "-part");
+    Start start(at.root());
+    EXPECT_TRUE(start.running());
+    EXPECT_EQ(実行環境.起動担当者コード, "00077");
+    EXPECT_FALSE(fs::exists(copy + "-part"));
+}
+
 TEST(ユーザ別環境, 帳票の種別) {
     const Installation at(setup::Content::empty);
     at.config("UPDATE 動作環境定義 SET インストール区分 = '1'");

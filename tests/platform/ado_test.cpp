@@ -1,6 +1,9 @@
 // Connections and recordsets on real files.
+#include <unistd.h>
+
 #include <chrono>
 #include <future>
+#include <optional>
 #include <thread>
 
 #include "ado_support.h"
@@ -44,6 +47,47 @@ TEST(Connection, OpensOnlyAnExistingDatabaseFile) {
     }
     EXPECT_FALSE(db.folder.holds("missing.accdb"));
     EXPECT_EQ(db.folder.read("empty.accdb"), "");
+}
+
+// Somebody who may not write the folder of the database, for the rest of the scope.
+class Stranger {
+  public:
+    Stranger() { was_ = geteuid() == 0 && seteuid(65534) == 0; }
+    ~Stranger() { EXPECT_TRUE(!was_ || seteuid(0) == 0); }
+    Stranger(const Stranger&) = delete;
+    Stranger& operator=(const Stranger&) = delete;
+
+  private:
+    bool was_;
+};
+
+// The copy holds what stands in the log alone, also where no log could be made, with nobody at the file and
+// with somebody.
+TEST(Connection, CopiesWithTheLog) {
+    namespace fs = std::filesystem;
+    TempFolder target;
+    fs::permissions(target.native(), fs::perms::all);
+    for (const bool alone : {false, true}) {
+        Database db(numbered(3));
+        db.program.Execute("UPDATE N SET t = 'new' WHERE i = 3");
+        if (alone) {
+            db.owner.Close();
+            db.program.Close();
+        }
+        fs::permissions(db.folder.native(), fs::perms(0555));
+        for (const bool stranger : {false, true}) {
+            SCOPED_TRACE(std::string(alone ? "alone" : "shared") + (stranger ? ", stranger" : ""));
+            const std::string name = std::string(alone ? "a" : "s") + (stranger ? "s" : "") + ".accdb";
+            const std::optional<Stranger> who(stranger ? std::make_optional<Stranger>() : std::nullopt);
+            ado::Connection from, copy;
+            from.Open(connection_text(db.folder), ado::Access::reader);
+            EXPECT_THROW(from.CopyTo(target.program("none/x.accdb")), ado::Error);
+            from.CopyTo(target.program(name));
+            copy.Open(connection_text(target, name));
+            EXPECT_EQ(rows_of(copy, "SELECT i, t FROM N WHERE i > 1"), "2|row 2/3|new");
+        }
+        fs::permissions(db.folder.native(), fs::perms(0755));
+    }
 }
 
 TEST(Connection, TextPicksProviderAndFile) {

@@ -103,6 +103,11 @@ void Connection::Execute(std::string_view sql) {
     if (is_business(*this)) ++writes;
 }
 
+void Connection::CopyTo(std::string_view path) {
+    detail::Session& session = require_open(*this);
+    session.driver.copy(session, path);
+}
+
 void Connection::Close() {
     const std::shared_ptr<detail::Session> session = session_;
     require_open(*this);

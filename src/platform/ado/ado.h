@@ -53,8 +53,9 @@ struct Cursor;   // an engine's running statement
 }  // namespace detail
 
 // How a connection is opened. `program` is what the program runs with: rows are read and written, nothing
-// else. `keeper` may change the schema, too; `owner` is for the set-up, which also creates a missing file.
-enum class Access { program, keeper, owner };
+// else. `reader` is the same, but a file in a folder that cannot take its log, where no log is, is read as it
+// stands. `keeper` may change the schema, too; `owner` is for the set-up, which also creates a missing file.
+enum class Access { program, reader, keeper, owner };
 
 class Connection {
   public:
@@ -69,6 +70,9 @@ class Connection {
     void Open(std::string_view connection_text, Access access = Access::program);
     // Runs one statement. Error: what ran before stays.
     void Execute(std::string_view sql);
+    // A copy of the database, what its log holds with it, under a program path. Error: what stood under that
+    // name stands there still.
+    void CopyTo(std::string_view path);
     // Forces the log and closes. Error when it is not open. Recordsets that are open on it keep the rows they
     // have read ahead and fail behind them.
     void Close();

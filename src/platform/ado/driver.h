@@ -23,6 +23,8 @@ struct Driver {
     std::unique_ptr<Cursor> (*query)(const std::shared_ptr<Session>& session, std::string_view sql);
     // The next row into row, or false at the end. An error ends the cursor.
     bool (*step)(Cursor& cursor, Row& row);
+    // Copies the database as it is now into a file of that program path, or leaves the path as it was.
+    void (*copy)(Session& session, std::string_view path);
     // Forces what was written to the disk.
     void (*force_log)(Session& session);
     // Ends every statement and closes; cursors that still run fail from then on.

@@ -4,7 +4,10 @@
 
 #include <algorithm>
 #include <array>
+#include <cerrno>
+#include <cstring>
 #include <deque>
+#include <filesystem>
 #include <optional>
 #include <utility>
 
@@ -318,8 +321,68 @@ int log_grew(void* session, sqlite3*, const char*, int pages) {
     return SQLITE_OK;
 }
 
+struct CloseDatabase {
+    void operator()(sqlite3* db) const { sqlite3_close(db); }
+};
+
+void copy_into(sqlite3* from, const std::string& path) {
+    sqlite3* raw = nullptr;
+    const int rc = sqlite3_open_v2(path.c_str(), &raw, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    const std::unique_ptr<sqlite3, CloseDatabase> to(raw);
+    if (rc != SQLITE_OK) throw Error(rc, sqlite3_errstr(rc));
+    sqlite3_backup* const backup = sqlite3_backup_init(to.get(), "main", from, "main");
+    if (!backup) fail(to.get());
+    sqlite3_backup_step(backup, -1);
+    if (sqlite3_backup_finish(backup) != SQLITE_OK) fail(to.get());
+}
+
+// Through a neighbour that is renamed, so that a copy that breaks off leaves no half of a database.
+void copy(Session& base, std::string_view path) {
+    const std::string target = os::native_path(path), part = target + "-part";
+    const auto remove_part = [&part] {
+        std::error_code ignored;
+        for (const char* tail : {"", "-journal"}) std::filesystem::remove(part + tail, ignored);
+    };
+    remove_part();  // of a copy that broke off
+    try {
+        copy_into(static_cast<SqliteSession&>(base).db, part);
+        if (std::rename(part.c_str(), target.c_str()) != 0)
+            throw Error(SQLITE_CANTOPEN, std::strerror(errno));
+    } catch (const Error&) {
+        remove_part();
+        throw;
+    }
+}
+
 void close(Session& base) {
     static_cast<SqliteSession&>(base).shut();
+}
+
+// With a log beside it the engine must have its way, and where it can make one it needs no help. Else the
+// file is opened anew as one that nobody changes.
+bool open_as_it_stands(SqliteSession& session, const std::string& path) {
+    try {
+        first_value(session.db, "PRAGMA page_count");
+        return false;
+    } catch (const Error& error) {
+        const int code = static_cast<int>(error.number()) & 0xFF;
+        if ((code != SQLITE_CANTOPEN && code != SQLITE_READONLY) || std::filesystem::exists(path + "-wal"))
+            return false;
+    }
+    std::string name = "file:";
+    for (const char c : path)
+        if (c == '%' || c == '?' || c == '#') {
+            constexpr std::string_view digits = "0123456789ABCDEF";
+            const auto byte = static_cast<unsigned char>(c);
+            (name += '%').append({digits[byte >> 4], digits[byte & 15]});
+        } else {
+            name += c;
+        }
+    sqlite3_close(std::exchange(session.db, nullptr));
+    const int rc = sqlite3_open_v2((name + "?immutable=1").c_str(), &session.db,
+                                   SQLITE_OPEN_READONLY | SQLITE_OPEN_URI, nullptr);
+    if (rc != SQLITE_OK) throw Error(rc, sqlite3_errstr(rc));
+    return true;
 }
 
 std::shared_ptr<Session> open(const ConnectionText& text, Access access, int wait_ms) {
@@ -335,13 +398,15 @@ std::shared_ptr<Session> open(const ConnectionText& text, Access access, int wai
                     std::string(sqlite3_errmsg(session->db)) + ": " + text.data_source);
     }
     sqlite3_busy_timeout(session->db, wait_ms);
-    // reads the header, so that a file of another kind fails here; an empty one passes for a new database
-    if (first_value(session->db, "PRAGMA page_count") == "0" && access != Access::owner)
-        throw Error(SQLITE_NOTADB, "file is not a database: " + text.data_source);
-    first_value(session->db, "PRAGMA journal_mode=WAL");
-    first_value(session->db, "PRAGMA synchronous=NORMAL");
+    if (access != Access::reader || !open_as_it_stands(*session, path)) {
+        // reads the header, so that a file of another kind fails here; an empty one passes for a new database
+        if (first_value(session->db, "PRAGMA page_count") == "0" && access != Access::owner)
+            throw Error(SQLITE_NOTADB, "file is not a database: " + text.data_source);
+        first_value(session->db, "PRAGMA journal_mode=WAL");
+        first_value(session->db, "PRAGMA synchronous=NORMAL");
+    }
     sqlite3_db_config(session->db, SQLITE_DBCONFIG_ENABLE_LOAD_EXTENSION, 0, nullptr);
-    if (access == Access::program) {
+    if (access == Access::program || access == Access::reader) {
         sqlite3_db_config(session->db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
         sqlite3_set_authorizer(session->db, authorize, nullptr);
         sqlite3_wal_hook(session->db, log_grew, session.get());
@@ -351,7 +416,12 @@ std::shared_ptr<Session> open(const ConnectionText& text, Access access, int wai
 
 }  // namespace
 
-const Driver sqlite_driver{
-    .open = open, .execute = execute, .query = query, .step = step, .force_log = force_log, .close = close};
+const Driver sqlite_driver{.open = open,
+                           .execute = execute,
+                           .query = query,
+                           .step = step,
+                           .copy = copy,
+                           .force_log = force_log,
+                           .close = close};
 
 }  // namespace kalvane::ado::detail
