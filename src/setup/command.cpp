@@ -9,6 +9,7 @@
 #include "setup/generate.h"
 #include "setup/install.h"
 #include "setup/schema.h"
+#include "setup/upgrade.h"
 
 namespace kalvane::setup {
 namespace {
@@ -18,6 +19,7 @@ constexpr std::string_view usage =
     "  KalvaneSetup create ROOT --empty   会社、本社、担当者だけの環境を作成します\n"
     "  KalvaneSetup create ROOT --demo    見本の会社の環境を作成します\n"
     "  KalvaneSetup check ROOT            ROOT がこの版の環境なら 0、それ以外は 1 で終了します\n"
+    "  KalvaneSetup upgrade ROOT          前の版の環境をこの版にします。中断しても、もう一度実行できます\n"
     "  KalvaneSetup pin ROOT OPERATOR     担当者の暗証番号を標準入力から設定します\n"
     "  KalvaneSetup pin ROOT --site CODE  事業所の特権暗証番号を標準入力から設定します\n"
     "  KalvaneSetup generate ROOT --invoices N --lines M --seed S\n"
@@ -55,6 +57,12 @@ int check(const std::vector<std::string>& arguments, std::ostream& out) {
     else
         out << "環境の版 " << version << "、この KalvaneSetup の版 " << schema_version << "\n";
     return version == schema_version ? 0 : 1;
+}
+
+void upgrade(const std::vector<std::string>& arguments, std::ostream& out) {
+    if (arguments.size() != 2) throw UsageError{"upgrade には ROOT が必要です。"};
+    upgrade_installation(arguments[1]);
+    out << "この版にしました (版 " << schema_version << "): " << checked_root(arguments[1]) << "\n";
 }
 
 void pin(const std::vector<std::string>& arguments, std::ostream& out) {
@@ -98,6 +106,8 @@ int run_command(const std::vector<std::string>& arguments, const std::string& pr
         if (command == "check") return check(arguments, out);
         if (command == "create")
             create(arguments, programs, out);
+        else if (command == "upgrade")
+            upgrade(arguments, out);
         else if (command == "pin")
             pin(arguments, out);
         else if (command == "generate")

@@ -29,19 +29,6 @@ constexpr auto folders =
 constexpr auto programs =
     std::to_array<std::string_view>({"KalvaneOperator", "KalvaneSetup", "KalvaneInvoiceEntry"});
 
-// The configuration database comes last: with its version an installation is complete.
-struct DatabaseFile {
-    std::string_view file;
-    Database kind;
-};
-constexpr auto databases = std::to_array<DatabaseFile>({
-    {main_file, main_database},
-    {"data/gnrdb.accdb", other_database},
-    {"report/repdb.accdb", other_database},
-    {"report/repfrmdb.accdb", other_database},
-    {config_file, config_database},
-});
-
 constexpr std::string_view manual_text =
     "請求書入力\r\n\r\n"
     "得意先コードを入力し、明細に商品コード、数量、単価を入力して、登録ボタンで登録します。\r\n"
@@ -85,7 +72,7 @@ void fill_databases(const CreateRequest& request, const std::string& root) {
     for (std::size_t i = 0; i < databases.size(); ++i) {
         open_database(open[i], root, databases[i].file, ado::Access::owner);
         open[i].Execute("BEGIN");
-        for (const std::string& sql : schema_statements(databases[i].kind)) open[i].Execute(sql);
+        for (const SchemaObject& object : schema_objects(databases[i].kind)) open[i].Execute(object.sql);
         insert_rows(open[i], "セットアップ情報", "版 内容 作成日時",
                     {{std::to_string(schema_version), request.content == Content::demo ? "demo" : "empty",
                       date_time_text(os::now())}});
@@ -160,23 +147,28 @@ void set_pin(std::string_view root, std::string_view code, bool site, std::strin
     main.Close();
 }
 
+int stored_version(const std::string& root, const DatabaseFile& database) {
+    if (!fs::exists(fs::path(root) / database.file)) return 0;
+    try {
+        ado::Connection connection;
+        open_database(connection, root, database.file, ado::Access::program);
+        ado::Recordset rows;
+        rows.Open("SELECT 版 FROM セットアップ情報", connection);
+        const int version = rows.Eof() ? 0 : static_cast<int>(rows.Fields("版").number());
+        rows.Close();
+        connection.Close();
+        return version;
+    } catch (const std::runtime_error&) {  // no set-up information that could be read
+        return 0;
+    }
+}
+
 int installed_version(std::string_view root) {
     const std::string at = checked_root(root);
     if (!holds_database(at)) return -1;
     for (const DatabaseFile& row : databases)
         if (!fs::exists(fs::path(at) / row.file)) return 0;
-    try {
-        ado::Connection config;
-        open_database(config, at, config_file, ado::Access::program);
-        ado::Recordset rows;
-        rows.Open("SELECT 版 FROM セットアップ情報", config);
-        const int version = rows.Eof() ? 0 : static_cast<int>(rows.Fields("版").number());
-        rows.Close();
-        config.Close();
-        return version;
-    } catch (const std::runtime_error&) {  // no set-up information that could be read
-        return 0;
-    }
+    return stored_version(at, databases.back());
 }
 
 void create_installation(const CreateRequest& request) {

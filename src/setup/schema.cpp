@@ -216,6 +216,9 @@ constexpr auto indexes = std::to_array<Index>({
     {"T営業請求", "得意先コード 営業請求日付 営業請求No"},
     {"T営業請求", "納品先コード 営業請求日付 営業請求No"},
     {"T営業請求", "営業請求No 営業請求日付"},
+    // the number of a history row
+    {"R営業請求", "事業所コード 番号基準日付 営業請求履歴No 赤黒区分 営業請求No"},
+    {"R営業請求明細", "事業所コード 番号基準日付 営業請求履歴No 赤黒区分 営業請求No 営業請求固有行No"},
     // is the document referred to?
     {"T営業請求", "参照営業請求事業所コード 参照営業請求番号基準日付 参照営業請求No"},
     // lists of the texts used earlier
@@ -306,14 +309,24 @@ void derive(const DocumentTable& table, const Columns& columns, std::size_t keys
             std::vector<ColumnDefinition>& out) {
     for (std::size_t i = 0; i < columns.size(); ++i) {
         if (table.shape == Shape::history && i == history_position)
-            for (std::string_view name : history_columns) out.push_back({std::string(name), ColumnType::key});
+            for (std::string_view name : history_columns)
+                out.push_back({std::string(name), ColumnType::text});
         const std::string_view name = columns[i].field.column;
         if (table.shape == Shape::source && is_source_key(name)) continue;
-        const ColumnType type = i < keys                     ? ColumnType::key
+        const bool key = i < keys && table.shape != Shape::history;
+        const ColumnType type = key                          ? ColumnType::key
                                 : is_quoted(columns[i].kind) ? ColumnType::text
                                                              : ColumnType::number;
         out.push_back({renamed(name, table), type});
     }
+}
+
+// The codes of the masters, and where documents hold them. A site in a document is a part of a document's
+// key: it stands as it is, as all keys and numbers do.
+bool folds_case(std::string_view table, std::string_view column) {
+    if (!column.ends_with("コード")) return false;
+    if (table.starts_with("M") || table == "担当者別操作許可プログラム") return column != "伝票事業所コード";
+    return (table.starts_with("T") || table.starts_with("R")) && !column.ends_with("事業所コード");
 }
 
 std::vector<TableDefinition> make_tables() {
@@ -338,6 +351,9 @@ std::vector<TableDefinition> make_tables() {
         for (std::string_view name : words(row.more))
             table.columns.push_back({std::string(name), ColumnType::text});
     }
+    for (TableDefinition& table : tables)
+        for (ColumnDefinition& column : table.columns)
+            column.folds_case = folds_case(table.name, column.name);
     return tables;
 }
 
@@ -346,6 +362,7 @@ std::string create_table(const TableDefinition& table) {
     for (const ColumnDefinition& column : table.columns) {
         if (&column != &table.columns.front()) sql += ", ";
         sql += "[" + column.name + (column.type == ColumnType::number ? "] NUMERIC" : "] TEXT");
+        if (column.folds_case) sql += " COLLATE NOCASE";
         if (column.type != ColumnType::key) continue;
         sql += " NOT NULL";
         keys += (keys.empty() ? "[" : ", [") + column.name + "]";
@@ -353,13 +370,14 @@ std::string create_table(const TableDefinition& table) {
     return sql + (keys.empty() ? ")" : ", PRIMARY KEY (" + keys + "))");
 }
 
-std::string create_index(const Index& index) {
-    std::string name = "索引_" + std::string(index.table), columns;
+SchemaObject create_index(const Index& index) {
+    const std::string table(index.table);
+    std::string name = "索引_" + table, columns;
     for (std::string_view column : words(index.columns)) {
         name.append("_").append(column);
         columns.append(columns.empty() ? "[" : ", [").append(column).append("]");
     }
-    return "CREATE INDEX [" + name + "] ON [" + std::string(index.table) + "] (" + columns + ")";
+    return {name, table, "CREATE INDEX [" + name + "] ON [" + table + "] (" + columns + ")"};
 }
 
 }  // namespace
@@ -398,13 +416,13 @@ std::vector<RenamedColumn> renamed_columns(std::string_view table) {
     return out;
 }
 
-std::vector<std::string> schema_statements(Database database) {
-    std::vector<std::string> statements;
+std::vector<SchemaObject> schema_objects(Database database) {
+    std::vector<SchemaObject> objects;
     for (const TableDefinition& table : schema_tables())
-        if (table.databases & database) statements.push_back(create_table(table));
+        if (table.databases & database) objects.push_back({table.name, table.name, create_table(table)});
     for (const Index& index : indexes)
-        if (schema_table(index.table).databases & database) statements.push_back(create_index(index));
-    return statements;
+        if (schema_table(index.table).databases & database) objects.push_back(create_index(index));
+    return objects;
 }
 
 }  // namespace kalvane::setup

@@ -187,6 +187,34 @@ TEST_F(Lookups, CodesThatCouldNotBeTyped) {
     EXPECT_TRUE(statements.empty());
 }
 
+// Small letters find a code of capitals and take its spelling; typed once more they find it again.
+TEST_F(Lookups, ACodeTakesTheSpellingOfItsMaster) {
+    for (const char* name : {"M部門", "Mセクション", "M担当者", "M得意先", "M納品先", "M仕入先", "M商品"})
+        put(name, "コード", "K-1");
+    run("UPDATE M担当者 SET 在籍区分 = '0'");
+    put("M得意先御担当者", "得意先コード 御担当者コード 氏名", "K-1|K-1|田中");
+    run("UPDATE M得意先 SET 担当者コード = 'k-1' WHERE コード = 'K-1'");
+    run("UPDATE M納品先 SET 担当者コード = 'k-1' WHERE コード = 'K-1'");
+    fresh_document(1);
+    const std::pair<bool (*)(const std::string&), const char*> fields[] = {
+        {部門コード変更, "部門コード"},
+        {セクションコード変更, "セクションコード"},
+        {担当者コード変更, "担当者コード"},
+        {得意先コード変更, "得意先コード"},
+        {得意先御担当者コード変更, "得意先御担当者コード"},
+        {納品先コード変更, "納品先コード"},
+        {仕入先コード変更, "仕入先コード"},
+        {商品コード変更, "商品コード"}};
+    for (const auto& [decide, member] : fields) {
+        for (const char* typed : {"k-1", "k-1"}) {
+            EXPECT_TRUE(decide(typed)) << member;
+            EXPECT_EQ(seen(member), std::string(member) + "=K-1");
+        }
+        EXPECT_FALSE(decide("K-1")) << member;
+    }
+    EXPECT_EQ(実行環境.案内メッセージ, "");
+}
+
 TEST_F(Lookups, AFailingReadIsAMiss) {
     set("得意先コード=000001");
     failing = "SELECT";

@@ -187,6 +187,25 @@ TEST_F(請求変更, 基準日付が変わる) {
     fail_at_each_position(at, move_date, register_document);
 }
 
+// Red rows of a document that has moved carry a number of its new base date, which its old one may have used.
+TEST_F(請求変更, 変更の後に基準日付が変わる) {
+    at.main("UPDATE A番号情報 SET 連番種類 = '1' WHERE 番号ID = '16240'");
+    lay_documents();
+    Seat seat(at);
+    change_quantity(seat);
+    register_document(seat);
+    open_document(seat, "1");
+    seat.enter(seat.screen().営業請求日付月, "3");
+    press_focus(seat.screen().請求伝票備考A);
+    register_document(seat);
+    EXPECT_EQ(journal(),
+              "20250331|00000001|1|630\n20250331|00000002|0|630\n20250331|00000003|1|432\n"
+              "20240331|00000001|1|432\n20250331|00000002|0|432");
+    EXPECT_EQ(at.main("SELECT COUNT(*) FROM R営業請求明細 WHERE 営業請求履歴No = '00000002'"), "4");
+    EXPECT_EQ(headers(), "20240331|00000001|20240310|7");
+    EXPECT_EQ(at.config("SELECT COUNT(*) FROM プログラム稼動履歴 WHERE 摘要 LIKE 'エラー %'"), "0");
+}
+
 // Nothing that a stored document holds breaks a statement of its change: quotes in every text, a NUL in one.
 TEST_F(請求変更, 異様な文字) {
     lay_documents();

@@ -109,6 +109,7 @@ const auto cases = table(R"(|@own|@in ; |暗証番号 tanaka3; btn_OK|@in
     staff 在籍区分 = '1', 退社日付 = ''|担当者コード 3; @own|@wrong
     staff 事業所コード = '001'|担当者コード 3; @own|@wrong ; site 001|@own|@in
     staff 事業所コード = '001'; site 001|@own|@in
+    staff コード = 'A-03'|担当者コード a-03; @own|allowed A-03/A-03
     staff 操作許可 = '1'|@own|refused 00003/00003 ; config DELETE FROM Kalvane|@own|refused 00003/00003
     staff 処理分類1操作許可 = NULL, 操作許可 = NULL, アクセス権限 = NULL; rights 1|@own|@in
     |暗証番号 TANAKA3; btn_キャンセル|refused / ; |暗証番号 TANAKA3; frame|refused /

@@ -33,8 +33,7 @@ TEST(Schema, HoldsTheColumnsThatOthersName) {
 TEST(Schema, OnlyKeysAreNotNullAndNothingHasADefault) {
     for (const auto& r : table(R"(T営業請求|事業所コード/番号基準日付/営業請求No
         T営業請求明細|事業所コード/番号基準日付/営業請求No/営業請求固有行No
-        R営業請求|事業所コード/番号基準日付/営業請求履歴No/赤黒区分/営業請求No
-        R営業請求明細|事業所コード/番号基準日付/営業請求履歴No/赤黒区分/営業請求No/営業請求固有行No
+        R営業請求| ; R営業請求明細|
         T営業見積明細|事業所コード/番号基準日付/営業見積No/営業見積固有行No ; T顧客注文|事業所コード/番号基準日付/顧客注文No
         M得意先御担当者|得意先コード/御担当者コード ; M付属書類|情報名/情報識別ID/SEQNo ; 未集計情報| ; 使用状況|
         T閲覧|事業所コード/番号基準日付/閲覧No ; G消費税|施行日)"))
@@ -48,6 +47,18 @@ TEST(Schema, OnlyKeysAreNotNullAndNothingHasADefault) {
         "'table' "
         "AND (c.\"notnull\" <> (c.pk > 0) OR c.dflt_value IS NOT NULL OR c.type NOT IN ('TEXT', 'NUMERIC'))";
     EXPECT_EQ(demo().main(others) + demo().config(others), "");
+}
+
+// Codes are one whatever the case of their letters; keys and numbers of documents are not, nor is other text.
+TEST(Schema, CodesFoldTheirCase) {
+    for (const auto& r : table(R"(M商品|コード|yes ; M得意先|担当者コード|yes ; M担当者|事業所コード|yes
+        M得意先御担当者|御担当者コード|yes ; 担当者別操作許可プログラム|担当者コード|yes ; M得意先|名称A|no
+        T営業請求|得意先コード|yes ; T営業請求明細|商品コード|yes ; R営業請求明細|仕入先コード|yes
+        T顧客注文|納品先コード|yes ; T営業請求|事業所コード|no ; T営業請求|営業請求No|no
+        T営業請求|参照営業請求事業所コード|no ; M付属書類|伝票事業所コード|no ; A事業所別番号情報|事業所コード|no)")) {
+        const std::string sql = demo().main("SELECT sql FROM sqlite_master WHERE name = '" + r[0] + "'");
+        EXPECT_EQ(contains(sql, "[" + r[1] + "] TEXT COLLATE NOCASE"), r[2] == "yes") << r[0] << " " << r[1];
+    }
 }
 
 // Answered in the order of an index, without sorting and without walking the table itself: the words behind
@@ -64,6 +75,8 @@ TEST(Schema, AnswersByAnIndex) {
           'c'|(参照営業請求事業所コード=? AND 参照営業請求番号基準日付=? AND 参照営業請求No=?)
         * FROM R営業請求 WHERE 事業所コード = 'a' AND 番号基準日付 = 'b' AND 営業請求履歴No = \
           'c'|(事業所コード=? AND 番号基準日付=? AND 営業請求履歴No=?)
+        * FROM M得意先 INNER JOIN M担当者 ON M担当者.コード = M得意先.担当者コード WHERE M得意先.コード = 'c'|M担当者 \
+          USING INDEX sqlite_autoindex_M担当者_1 (コード=?)
         DISTINCT タイトル FROM T営業請求 WHERE 営業請求日付 <> '' AND タイトル <> '' AND タイトル LIKE '%x%' ORDER BY \
           タイトル|索引_T営業請求_タイトル_営業請求日付
         DISTINCT 商品名 FROM T営業請求明細 WHERE 営業請求日付 >= 'a' AND 営業請求日付 <= 'b' AND 商品名 <> '' ORDER BY \

@@ -87,7 +87,8 @@ struct ProgramDatabase : testing::Test {
     void open(ado::Connection& connection, const char* file, setup::Database database) {
         connection.Open("Provider=Microsoft.ACE.OLEDB.12.0;Data Source=" + folder.program(file),
                         ado::Access::owner);
-        for (const std::string& sql : setup::schema_statements(database)) connection.Execute(sql);
+        for (const setup::SchemaObject& object : setup::schema_objects(database))
+            connection.Execute(object.sql);
     }
 };
 
