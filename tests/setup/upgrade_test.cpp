@@ -100,12 +100,14 @@ TEST(Upgrade, KeepsRowsAndWhatOthersAdded) {
 TEST(Upgrade, MayBeBrokenOff) {
     const Installation at(setup::Content::empty);
     make_former(at);
-    const std::string former = rows(at);
+    const auto shape = [&at] { return at.main("SELECT name, sql FROM sqlite_master ORDER BY name"); };
+    const std::string former = rows(at), former_shape = shape();
     int statements = 0;
     bool killed = false;
     ado::hook.before = [&](const ado::Connection&, std::string_view) { ++statements; };
     EXPECT_EQ(command({"upgrade", at.root()}).status, 0);
     ado::hook = {};
+    const std::string new_shape = shape();
     for (const int n : {2, statements / 3, statements / 2 + 1, statements - 20, statements - 1, statements}) {
         SCOPED_TRACE(n);
         at.restore();
@@ -129,6 +131,7 @@ TEST(Upgrade, MayBeBrokenOff) {
         const std::string left = versions(at);
         EXPECT_EQ(left.find_first_not_of("34"), std::string::npos) << left;
         EXPECT_EQ(left.back(), '3');
+        EXPECT_TRUE(shape() == (left[0] == '3' ? former_shape : new_shape)) << shape();
         EXPECT_TRUE(rows(at) == former);
         EXPECT_EQ(command({"upgrade", at.root()}).status, 0);
         EXPECT_EQ(versions(at), "44444");
