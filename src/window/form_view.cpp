@@ -8,8 +8,10 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "base/text.h"
+#include "window/input_method.h"
 #include "window/look.h"
 #include "window/widgets.h"
 #include "window/windows.h"
@@ -31,42 +33,46 @@ bool takes_whole(const Control& c, const std::string& text) {
     return (c.kind == ControlKind::xNum ? *probe.typed : probe.text) == text;
 }
 
-// What the operator's editing leaves. A character that came new, by key or by paste, has to fit between
-// those that stood there; it never pushes another one out.
-std::string filtered(const Control& c, std::string text) {
-    if (c.mode == InputMode::japanese || c.mode == InputMode::plain) return text;
-    std::string old = model_text(c);
-    if (c.kind == ControlKind::xNum) {
-        text = Replace(text, ",", "");
-        old = Replace(old, ",", "");
+std::string without_separators(const Control& c, const QString& text) {
+    return c.kind == ControlKind::xNum ? Replace(look::utf8(text), ",", "") : look::utf8(text);
+}
+
+// The content that the operator's editing leaves. Of the characters that came new, by key or by paste, those
+// count that fit between what stands around the selection; none of them pushes another one out. No value:
+// nothing of what came is taken, and the selection stays.
+std::optional<std::string> taken(const Mirror& m, const QString& now) {
+    const Control& c = m.control();
+    const QString old = look::text(model_text(c));
+    const qsizetype added = now.size() - (old.size() - (m.to - m.from));
+    const QString front = old.left(m.from), back = old.mid(m.to);
+    if (added <= 0 || !now.startsWith(front) || !now.endsWith(back)) {
+        const std::string left = without_separators(c, now);
+        if (now.size() < old.size() || takes_whole(c, left)) return left;
+        return std::nullopt;
     }
-    if (takes_whole(c, text)) return text;
-    std::size_t front = 0, back = 0;
-    const std::size_t shorter = std::min(old.size(), text.size());
-    while (front < shorter && old[front] == text[front]) ++front;
-    while (back < shorter - front && old[old.size() - 1 - back] == text[text.size() - 1 - back]) ++back;
-    const std::string tail = text.substr(text.size() - back),
-                      added = text.substr(front, text.size() - back - front);
-    std::string kept = text.substr(0, front);
-    for (std::string_view character : characters(added))
-        if (takes_whole(c, kept + std::string(character) + tail)) kept += character;
-    return kept.size() == front && !added.empty() ? model_text(c) : kept + tail;
+    const bool by_itself = c.mode == InputMode::japanese || c.mode == InputMode::plain;
+    std::string kept = without_separators(c, front);
+    const std::string tail = without_separators(c, back), came = look::utf8(now.mid(m.from, added));
+    const std::size_t before = kept.size();
+    for (std::string_view character : characters(came)) {
+        const std::string one(character);
+        if (takes_whole(c, by_itself ? one : kept + one + tail)) kept += one;
+    }
+    if (kept.size() == before) return std::nullopt;
+    return kept + tail;
 }
 
 void edited(Mirror& m, const std::string& typed) {
     Control& c = *m.placed.control;
-    if (window_state.syncing) return;
-    const std::string text = filtered(c, typed);
-    const bool typed_alike = typed == text && c.select_all;  // the same over itself is typing, too
-    if (!takes_input(*c.form) || c.form->active != &c || (text == model_text(c) && !typed_alike)) {
-        sync_widget(m, c.form->active == &c);
-        return;
-    }
+    if (window_state.syncing || !m.composing.isEmpty()) return;
+    const std::optional<std::string> text =
+        c.kind == ControlKind::xText ? typed : taken(m, look::text(typed));
+    if (!text || !takes_input(*c.form) || c.form->active != &c) return take_back(m);
     act([&] {
-        if (text.empty())
+        if (text->empty())
             press_key(*c.form, Key::Delete);
         else
-            paste_into(*c.form, text);
+            paste_into(*c.form, *text);
     });
     // what was refused left the model as it was, and its revision too
     if (m.widget && widget_text(m) != model_text(c)) sync_widget(m, true);
@@ -279,12 +285,19 @@ void FormView::sync() {
     fresh_ = false;
     follow_focus();
     keep_selection(entered);
+    if (entered) turn_on_where_japanese();
+}
+
+void FormView::turn_on_where_japanese() {
+    const Control* c = form_.active;
+    turn_input_method(c && c->mode == InputMode::japanese && uses_input_method(*c) && isActiveWindow());
 }
 
 // A form that comes anew may be another than the one that went, whatever its revisions say; a composition
 // that the last showing left behind is given up.
 void FormView::start_afresh() {
     fresh_ = true;
+    lone_ctrl_ = false;
     rescale();
     wheel_rest_ = 0;
     current_row_ = -1;

@@ -45,12 +45,15 @@ class FormView : public QWidget {
     void follow_focus();
     void keep_selection(bool entered);
     void finish_composition();
+    void turn_on_where_japanese();
     QRect scaled(const Area2& at) const;
     void paint_headings(QPainter& p) const;
     bool key(Mirror* m, QKeyEvent& event);
     bool mouse(Mirror& m, QEvent& event);
     bool wheel(Mirror* m, QWheelEvent& event);
     bool drop(Mirror& m, QDropEvent& event);
+    bool compose(Mirror& m, QInputMethodEvent& event);
+    void let_go(const QKeyEvent& event);
 
     Form& form_;
     Arrangement arrangement_;
@@ -62,6 +65,8 @@ class FormView : public QWidget {
     unsigned revision_ = 0, focus_moves_ = 0;
     int current_row_ = -1;
     int wheel_rest_ = 0;
+    bool lone_ctrl_ = false;  // Ctrl is held down, and nothing else was done since
+    QString late_;            // committed when the field was left: may come once more from the input method
     bool fresh_ = true;
     double x_scale_ = 1, y_scale_ = 1, scale_ = 1;
 };

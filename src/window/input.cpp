@@ -1,5 +1,6 @@
 // The operator's keys, mouse and input method on a form's window.
 #include <QAbstractItemView>
+#include <QClipboard>
 #include <QComboBox>
 #include <QContextMenuEvent>
 #include <QDropEvent>
@@ -8,6 +9,7 @@
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
+#include <QPointer>
 #include <QTabBar>
 #include <QTableView>
 #include <algorithm>
@@ -65,6 +67,13 @@ std::optional<int> item_of(const Control& c, const QKeyEvent& event) {
     }
 }
 
+// Full-width digits, letters and signs as the keys of a half-width field would give them.
+QString half_width(QString text) {
+    for (QChar& ch : text)
+        if (ch >= QChar(0xFF01) && ch <= QChar(0xFF5E)) ch = QChar(ch.unicode() - 0xFF01 + 0x21);
+    return text;
+}
+
 bool scrolls_itself(const Control& c) {
     return c.kind == ControlKind::ListView || (c.kind == ControlKind::xText && c.form->active == &c);
 }
@@ -80,6 +89,9 @@ void open_drop_down(FormView& view, Control& c) {
 // True when the event goes no further. What is left to the widget is the editing of its text alone.
 bool FormView::key(Mirror* m, QKeyEvent& event) {
     event.accept();
+    const bool ctrl = event.key() == Qt::Key_Control;
+    if (!ctrl || !event.isAutoRepeat()) lone_ctrl_ = ctrl;
+    late_.clear();
     if (!takes_input(form_)) return true;
     Control* active = form_.active;
     if (m && !m->composing.isEmpty()) {
@@ -92,7 +104,7 @@ bool FormView::key(Mirror* m, QKeyEvent& event) {
         return true;
     }
     if (const std::optional<Key> key = key_of(event)) {
-        if (*key == Key::Ctrl && event.isAutoRepeat()) return true;
+        if (*key == Key::Ctrl) return true;
         if (active && m && &m->control() == active && active->kind == ControlKind::xText &&
             moves_in_memo(*key))
             return false;
@@ -110,12 +122,22 @@ bool FormView::key(Mirror* m, QKeyEvent& event) {
     if (active->kind == ControlKind::ListView)
         if (const auto item = item_of(*active, event)) act([&] { select_item(*active, *item); });
     m->touched = true;
+    // the platform would paste nothing in the place of the selection
+    if (event.matches(QKeySequence::Paste) && QGuiApplication::clipboard()->text().isEmpty()) return true;
     return !takes_text(*active) || !active->enabled;
+}
+
+// Ctrl acts when it is let go alone: with another key it copies, pastes and takes back.
+void FormView::let_go(const QKeyEvent& event) {
+    if (event.key() != Qt::Key_Control || event.isAutoRepeat() || !lone_ctrl_) return;
+    lone_ctrl_ = false;
+    if (takes_input(form_)) act([&] { press_key(form_, Key::Ctrl); });
 }
 
 bool FormView::mouse(Mirror& m, QEvent& event) {
     auto& mouse = static_cast<QMouseEvent&>(event);
     Control& c = *m.placed.control;
+    lone_ctrl_ = false;
     const bool press = event.type() == QEvent::MouseButtonPress,
                twice = event.type() == QEvent::MouseButtonDblClick;
     if (!takes_input(form_) || (!c.enabled && !is_button(c))) return true;
@@ -148,7 +170,8 @@ bool FormView::mouse(Mirror& m, QEvent& event) {
         return true;
     }
     if (twice && (c.DblClick || c.DropDown)) {
-        act([&] { double_click(c); });
+        // where the first click was sent elsewhere, the second is not for the control that refused it
+        if (form_.active == &c) act([&] { double_click(c); });
         return true;
     }
     if (press && form_.active != &c) {
@@ -160,14 +183,50 @@ bool FormView::mouse(Mirror& m, QEvent& event) {
     return form_.active != &c;
 }
 
-// What is composed elsewhere becomes part of its text before the focus goes.
+// What is composed becomes part of its text before the focus goes: by the input method, which knows what of
+// it is committed; some do so when asked to, others when they are reset, none without one.
 void FormView::finish_composition() {
-    Mirror* m = form_.active ? mirror_of(*form_.active) : nullptr;
-    if (!m || m->composing.isEmpty()) return;
-    QInputMethodEvent event;
-    event.setCommitString(m->composing);
-    QCoreApplication::sendEvent(m->widget, &event);
-    QGuiApplication::inputMethod()->reset();
+    const auto composing = [this] {
+        Mirror* m = form_.active ? mirror_of(*form_.active) : nullptr;
+        return m && !m->composing.isEmpty() ? m : nullptr;
+    };
+    const Mirror* m = composing();
+    if (!m) return;
+    const QString composed = m->composing;
+    QGuiApplication::inputMethod()->commit();
+    if (composing()) QGuiApplication::inputMethod()->reset();
+    if ((m = composing())) {
+        QInputMethodEvent event;
+        event.setCommitString(composed);
+        QCoreApplication::sendEvent(m->widget, &event);
+    }
+    late_ = composed;
+}
+
+// The editor shows what is composed; the model hears of what is committed.
+bool FormView::compose(Mirror& m, QInputMethodEvent& event) {
+    const Control& c = m.control();
+    if (!takes_input(form_) || form_.active != &c) return true;
+    const bool again = !late_.isEmpty() && event.preeditString().isEmpty() && event.commitString() == late_;
+    const bool says_nothing = event.preeditString().isEmpty() && event.commitString().isEmpty() &&
+                              event.replacementLength() == 0 && event.attributes().isEmpty();
+    if (again || !says_nothing) late_.clear();
+    // nothing would only take the selection away
+    if (again || (says_nothing && m.composing.isEmpty())) return true;
+    if (!uses_input_method(c))
+        event.setCommitString(half_width(event.commitString()), event.replacementStart(),
+                              event.replacementLength());
+    m.composing = event.preeditString();
+    const QPointer<QWidget> widget = m.widget;
+    m.committing = true;
+    static_cast<QObject&>(*widget).event(&event);
+    if (!widget) return true;
+    m.committing = false;
+    if (!m.composing.isEmpty()) return true;
+    // what is given up leaves what it was to replace
+    if (widget_text(m) != model_text(c)) take_back(m);
+    note_selection(m);
+    return true;
 }
 
 // A drop is a paste; into a text over several lines it goes where it was let fall.
@@ -188,13 +247,15 @@ bool FormView::wheel(Mirror* m, QWheelEvent& event) {
     event.accept();
     if (!takes_input(form_)) return true;
     if (m && scrolls_itself(m->control())) return false;
+    // one event is one step, whatever its size; the small ones of a touchpad add up to one
     constexpr int notch = 120;
+    lone_ctrl_ = false;
     wheel_rest_ += event.angleDelta().y();
-    const int notches = wheel_rest_ / notch;
-    wheel_rest_ -= notches * notch;
-    if (notches == 0) return true;
+    if (wheel_rest_ > -notch && wheel_rest_ < notch) return true;
+    const int step = wheel_rest_ < 0 ? -1 : 1;
+    wheel_rest_ = 0;
     finish_composition();
-    act([&] { turn_wheel(form_, notches); });
+    act([&] { turn_wheel(form_, step); });
     return true;
 }
 
@@ -210,6 +271,7 @@ bool FormView::eventFilter(QObject* object, QEvent* event) {
         case QEvent::KeyPress:
             return object == m.widget ? key(&m, static_cast<QKeyEvent&>(*event)) : false;
         case QEvent::KeyRelease:
+            if (object == m.widget) let_go(static_cast<QKeyEvent&>(*event));
             return !takes_text(c);
         case QEvent::MouseButtonPress:
         case QEvent::MouseButtonDblClick:
@@ -219,18 +281,13 @@ bool FormView::eventFilter(QObject* object, QEvent* event) {
             return !c.enabled && !is_button(c);
         case QEvent::Wheel:
             return wheel(&m, static_cast<QWheelEvent&>(*event));
-        case QEvent::InputMethod: {
-            const auto& input = static_cast<QInputMethodEvent&>(*event);
-            if (!takes_input(form_) || form_.active != &c) return true;
-            const bool says_nothing = input.preeditString().isEmpty() && input.commitString().isEmpty() &&
-                                      input.replacementLength() == 0 && input.attributes().isEmpty();
-            // it would only take the selection away
-            if (says_nothing && m.composing.isEmpty()) return true;
-            m.composing = input.preeditString();
-            return false;
-        }
+        case QEvent::InputMethod:
+            return object == m.widget ? compose(m, static_cast<QInputMethodEvent&>(*event)) : false;
         case QEvent::FocusOut:
+            lone_ctrl_ = false;
+            if (m.composing.isEmpty()) return false;
             m.composing.clear();
+            if (widget_text(m) != model_text(c)) take_back(m);
             return false;
         case QEvent::DragEnter:
         case QEvent::DragMove:
@@ -254,6 +311,12 @@ bool FormView::event(QEvent* event) {
             key(nullptr, pressed);
             return true;
         }
+        case QEvent::WindowActivate:
+            turn_on_where_japanese();
+            return QWidget::event(event);
+        case QEvent::KeyRelease:
+            let_go(static_cast<QKeyEvent&>(*event));
+            return true;
         case QEvent::Wheel: {
             auto& turned = static_cast<QWheelEvent&>(*event);
             event->accept();

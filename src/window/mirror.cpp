@@ -20,10 +20,6 @@ QLineEdit& field(const Mirror& m) {
     return *static_cast<QLineEdit*>(m.widget);
 }
 
-bool uses_input_method(const Control& c) {
-    return c.mode == InputMode::japanese || (c.mode == InputMode::plain && c.kind != ControlKind::xPass);
-}
-
 void set_slant(Mirror& m, bool italic) {
     if (m.italic == italic) return;
     m.italic = italic;
@@ -64,13 +60,19 @@ void make_field(Mirror& m, QWidget* parent, const MirrorActs& acts) {
     auto* to = &m;
     QObject::connect(edit, &QLineEdit::textEdited, edit,
                      [to, act = acts.edited](const QString& text) { act(*to, look::utf8(text)); });
+    // the platform tells of the new text before it tells where the cursor stands in it
+    const auto keep = [to] {
+        if (to->composing.isEmpty() && !to->committing) note_selection(*to);
+    };
+    QObject::connect(edit, &QLineEdit::selectionChanged, edit, keep);
+    QObject::connect(edit, &QLineEdit::cursorPositionChanged, edit, keep);
 }
 
 void show_field(Mirror& m, bool entered) {
     const Control& c = m.control();
     QLineEdit& edit = field(m);
     const QString text = look::text(model_text(c));
-    const bool other = edit.text() != text;
+    const bool other = edit.text() != text && m.composing.isEmpty();
     if (other) {
         const int cursor =
             c.form->active == &c ? kept_position(edit.text().left(edit.cursorPosition()), text) : 0;
@@ -111,12 +113,17 @@ void show_memo(Mirror& m, bool) {
         const QSignalBlocker quiet(edit);
         edit.document()->setDocumentMargin(margin);
     }
-    if (edit.toPlainText() != text) {
+    if (edit.toPlainText() != text && m.composing.isEmpty()) {
         const QSignalBlocker quiet(edit);
         const int position = kept_position(edit.toPlainText().left(edit.textCursor().position()), text);
         edit.setPlainText(text);
         QTextCursor cursor = edit.textCursor();
         cursor.setPosition(position);
+        edit.setTextCursor(cursor);
+    }
+    if (c.form->active != &c && edit.textCursor().hasSelection()) {
+        QTextCursor cursor = edit.textCursor();
+        cursor.clearSelection();
         edit.setTextCursor(cursor);
     }
     edit.setReadOnly(c.read_only || c.mode == InputMode::none);
@@ -309,6 +316,29 @@ void sync_widget(Mirror& m, bool entered) {
     kind_of(m.control()).show(m, entered);
     m.widget->update();
     if (m.input != m.widget) m.input->update();
+}
+
+void note_selection(Mirror& m) {
+    const auto* edit = dynamic_cast<const QLineEdit*>(m.widget);
+    if (!edit) return;
+    m.from = edit->hasSelectedText() ? edit->selectionStart() : edit->cursorPosition();
+    m.to = edit->hasSelectedText() ? edit->selectionEnd() : m.from;
+}
+
+void take_back(Mirror& m) {
+    auto* edit = dynamic_cast<QLineEdit*>(m.widget);
+    if (!edit) return sync_widget(m, false);
+    const int from = m.from, to = m.to;
+    edit->setText(look::text(model_text(m.control())));
+    if (from < to)
+        edit->setSelection(from, to - from);
+    else
+        edit->setCursorPosition(from);
+}
+
+bool uses_input_method(const Control& c) {
+    if (!c.enabled || c.read_only) return false;
+    return c.mode == InputMode::japanese || (c.mode == InputMode::plain && c.kind != ControlKind::xPass);
 }
 
 std::string model_text(const Control& c) {

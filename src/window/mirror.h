@@ -18,6 +18,9 @@ struct Mirror {
     bool italic = false;
     bool current = false;  // number of the line that the operator works on
     QString composing;     // text of the input method that is not committed
+    // of a field of one line: the selection, or the cursor twice, in the text as the model has it
+    int from = 0, to = 0;
+    bool committing = false;  // an event of the input method is under way
     double scale = 1;
     const Control& control() const { return *placed.control; }
     Role role() const { return placed.place ? placed.place->role : Role::plain; }
@@ -35,6 +38,11 @@ struct MirrorActs {
 void make_widget(Mirror& m, QWidget* parent, const MirrorActs& acts);
 // Shows what the model says. The focus was just moved here: the content is selected where the model says so.
 void sync_widget(Mirror& m, bool entered);
+// Keeps the selection that the next editing meets.
+void note_selection(Mirror& m);
+// Shows the model's text again with the selection that the refused editing has met.
+void take_back(Mirror& m);
+bool uses_input_method(const Control& c);
 // The text that the model holds for an editor.
 std::string model_text(const Control& c);
 // What the editor holds now.

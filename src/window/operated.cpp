@@ -104,6 +104,7 @@ void type_real_text(Form& form, std::string_view text) {
     select_content(*m);
     for (std::string_view character : characters(text)) {
         if (valid_utf8(character) != character) continue;
+        if (character == "\n" && form.active->kind != ControlKind::xText) continue;  // no character of a line
         const char32_t code = code_point(character);
         const int key = code < 0x80 ? QChar(static_cast<char16_t>(code)).toUpper().unicode() : 0;
         if (QWidget* to = key_target(form))
@@ -115,9 +116,15 @@ void paste_real_text(Form& form, std::string_view text) {
     Mirror* m = active_editor(form);
     if (!m) return;
     QGuiApplication::clipboard()->setText(look::text(valid_utf8(text)));
+    const bool selected = form.active->select_all;
+    const std::string before = widget_text(*m);
     select_content(*m);
-    if (auto* memo = dynamic_cast<QPlainTextEdit*>(m->widget)) memo->paste();
-    if (auto* edit = dynamic_cast<QLineEdit*>(m->widget)) edit->paste();
+    send_key(m->widget, Qt::Key_V, Qt::ControlModifier);
+    // what is refused leaves the cursor where it was
+    m = active_editor(form);
+    if (!m || selected || widget_text(*m) != before) return;
+    if (auto* memo = dynamic_cast<QPlainTextEdit*>(m->widget)) memo->moveCursor(QTextCursor::End);
+    if (auto* edit = dynamic_cast<QLineEdit*>(m->widget)) edit->end(false);
 }
 
 void press_into(Control& c) {
@@ -175,11 +182,13 @@ void select_real(Control& list, int item) {
 void wheel_real(Form& form, int notches) {
     FormView* view = view_of(form);
     if (!view) return turn_wheel(form, notches);
-    constexpr int notch = 120;
+    const int notch = notches < 0 ? -120 : 120;
     const QPoint at;  // the form itself, not a list or a text that scrolls by itself
-    QWheelEvent event(at, view->mapToGlobal(at), {}, {0, notches * notch}, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(view, &event);
+    for (int turned = std::abs(notches); turned > 0 && !process_ended(); --turned) {
+        QWheelEvent event(at, view->mapToGlobal(at), {}, {0, notch}, Qt::NoButton, Qt::NoModifier,
+                          Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(view, &event);
+    }
 }
 
 void scroll_real(Control& bar, int position) {

@@ -1,6 +1,7 @@
 // Faces of fields, buttons, combos and the bar.
 #include "window/widgets.h"
 
+#include <QMimeData>
 #include <QScrollBar>
 #include <algorithm>
 
@@ -69,10 +70,25 @@ void FieldWidget::focusInEvent(QFocusEvent* event) {
     if (m.control().select_all && !m.touched) selectAll();
 }
 
+// By itself a field wants an input method whatever its attribute says.
+QVariant FieldWidget::inputMethodQuery(Qt::InputMethodQuery query) const {
+    return query == Qt::ImEnabled ? uses_input_method(m.control()) : QLineEdit::inputMethodQuery(query);
+}
+
 void FieldWidget::paintEvent(QPaintEvent* event) {
     QLineEdit::paintEvent(event);
     QPainter p(this);
     look::draw_frame(p, rect(), look::field_look(m.control()), m.scale);
+}
+
+// What has nothing that the text takes leaves the selection.
+void MemoWidget::insertFromMimeData(const QMimeData* source) {
+    Control probe = m.control();
+    probe.form = nullptr;
+    probe.Change = nullptr;
+    probe.text.clear();
+    paste_text(probe, look::utf8(source->text()));
+    if (!probe.text.empty()) insertPlainText(look::text(probe.text));
 }
 
 void MemoWidget::paintEvent(QPaintEvent* event) {

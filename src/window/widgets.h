@@ -30,11 +30,13 @@ struct FieldWidget : QLineEdit {
     Mirror& m;
     FieldWidget(Mirror& mirror, QWidget* parent) : QLineEdit(parent), m(mirror) {}
     void focusInEvent(QFocusEvent* event) override;
+    QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
     void paintEvent(QPaintEvent* event) override;
 };
 struct MemoWidget : QPlainTextEdit {
     Mirror& m;
     MemoWidget(Mirror& mirror, QWidget* parent) : QPlainTextEdit(parent), m(mirror) {}
+    void insertFromMimeData(const QMimeData* source) override;
     void paintEvent(QPaintEvent* event) override;
 };
 struct ButtonWidget : QPushButton {

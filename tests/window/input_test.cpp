@@ -4,9 +4,12 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QWheelEvent>
+#include <tuple>
 
 #include "data/wait_box.h"
 #include "events/save_dialogue.h"
@@ -69,6 +72,101 @@ TEST_F(AtTheWindow, RefusedKeysLeaveNoTrace) {
     EXPECT_EQ(year.text(), "1768");
 }
 
+// Whatever is put over a selection, the window keeps of it what the models do; nothing leaves the selection.
+TEST_F(AtTheWindow, WhatIsRefusedLeavesTheSelection) {
+    fill_head();
+    enter(s.商品コード[0]);
+    hands.type_text(s, "P0001");
+    hands.press_key(s, Key::Enter);
+    struct Case {
+        Control& c;
+        const char *before, *pasted, *after;
+    };
+    const Case cases[] = {{s.営業請求日付月, "04", "2024", "20"}, {s.行区分[0], "1", "", "1"},
+                          {s.仕入単価[0], "21.00", "a", "21.00"}, {s.請求単価[0], "500", "7x0,0", "700"},
+                          {s.タイトル, "件", "\t", "件"},         {s.営業請求日付年, "2024", "あ", "2024"}};
+    for (const Case& at : cases) {
+        SCOPED_TRACE(at.c.name + " <- " + at.pasted);
+        if (at.c.page >= 0) choose(s.tab_詳細, at.c.page);
+        enter(at.c);
+        hands.type_text(s, at.before);
+        edit(at.c).selectAll();
+        QGuiApplication::clipboard()->setText(at.pasted);
+        QKeyEvent paste(QEvent::KeyPress, Qt::Key_V, Qt::ControlModifier);
+        QCoreApplication::sendEvent(&edit(at.c), &paste);
+        EXPECT_EQ(edit(at.c).text(), QString(at.after));
+        EXPECT_EQ(edit(at.c).hasSelectedText(), QString(at.before) == QString(at.after));
+    }
+    // a part of the content is replaced alike
+    enter(s.営業請求日付年);
+    edit(s.営業請求日付年).setSelection(2, 2);
+    key(&edit(s.営業請求日付年), Qt::Key_X, "x");
+    EXPECT_EQ(edit(s.営業請求日付年).selectedText(), "24");
+    key(&edit(s.営業請求日付年), Qt::Key_3, "3");
+    EXPECT_EQ(s.営業請求日付年.text, "203");
+}
+
+// In fields of codes, digits and numbers no input method is wanted; what comes all the same is taken as keys.
+TEST_F(AtTheWindow, ACommitIsFilteredAsKeysAre) {
+    fill_head();
+    for (Control* c : {&s.営業請求日付年, &s.得意先コード, &s.請求単価[0]})
+        EXPECT_FALSE(edit(*c).inputMethodQuery(Qt::ImEnabled).toBool()) << c->name;
+    enter(s.営業請求日付年);
+    QLineEdit& year = edit(s.営業請求日付年);
+    for (const auto& [composed, committed, left] : {std::tuple("２０", "", "2024"),
+                                                    {"か", "か", "2024"},
+                                                    {"", "あ", "2024"},
+                                                    {"２０", "２０２３", "2023"}}) {
+        year.selectAll();
+        if (*composed) compose(&year, composed, {});
+        EXPECT_EQ(s.営業請求日付年.text, "2024") << composed;
+        compose(&year, {}, committed);
+        EXPECT_EQ(s.営業請求日付年.text, left) << composed << committed;
+        EXPECT_EQ(year.text(), left) << composed << committed;
+    }
+    // the same once more, after a click elsewhere, is what the input method had in hand
+    enter(s.タイトル);
+    compose(&edit(s.タイトル), "けん", {});
+    press(&edit(s.支払条件));
+    compose(&edit(s.支払条件), {}, "けん");
+    EXPECT_EQ(s.タイトル.text + "|" + s.支払条件.text, "けん|");
+}
+
+TEST_F(AtTheWindow, CtrlActsWhenItIsLetGoAlone) {
+    QLineEdit& customer = edit(s.得意先コード);
+    enter(s.得意先コード);
+    const auto send = [&](QEvent::Type type, int code, Qt::KeyboardModifiers with) {
+        QKeyEvent event(type, code, with);
+        QCoreApplication::sendEvent(&customer, &event);
+    };
+    hands.type_text(s, "3");
+    customer.selectAll();
+    send(QEvent::KeyPress, Qt::Key_Control, Qt::NoModifier);
+    send(QEvent::KeyPress, Qt::Key_C, Qt::ControlModifier);
+    send(QEvent::KeyRelease, Qt::Key_C, Qt::ControlModifier);
+    send(QEvent::KeyRelease, Qt::Key_Control, Qt::ControlModifier);
+    EXPECT_EQ(QGuiApplication::clipboard()->text(), "3");
+    send(QEvent::KeyPress, Qt::Key_Control, Qt::NoModifier);
+    EXPECT_EQ(実行環境.一覧戻り先, nullptr);
+    send(QEvent::KeyRelease, Qt::Key_Control, Qt::ControlModifier);
+    EXPECT_EQ(実行環境.一覧戻り先, &s.得意先コード);
+}
+
+TEST_F(AtTheWindow, TheWheelGoesByItsSign) {
+    fill_head();
+    set_enabled(s.scl_行, true);
+    set_scroll_range(s.scl_行, 0, 9);
+    const auto turn = [&](int delta) {
+        QWheelEvent event(QPointF(1, 1), view().mapToGlobal(QPointF(1, 1)), {}, {0, delta}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(&view(), &event);
+    };
+    for (const auto& [delta, position] : {std::pair{-360, 2}, {-50, 2}, {-50, 2}, {-50, 4}, {120, 2}}) {
+        turn(delta);
+        EXPECT_EQ(s.scl_行.number, position) << delta;
+    }
+}
+
 TEST_F(AtTheWindow, ADropIsAPaste) {
     fill_head();
     enter(s.タイトル);
@@ -84,8 +182,7 @@ TEST_F(AtTheWindow, EnterInACompositionOnlyCommitsIt) {
     fill_head();
     enter(s.タイトル);
     QLineEdit& title = edit(s.タイトル);
-    EXPECT_TRUE(title.testAttribute(Qt::WA_InputMethodEnabled));
-    EXPECT_FALSE(edit(s.得意先コード).testAttribute(Qt::WA_InputMethodEnabled));
+    EXPECT_TRUE(title.inputMethodQuery(Qt::ImEnabled).toBool());
     compose(&title, "けん", {});
     EXPECT_EQ(s.タイトル.text, "");
     key(&title, Qt::Key_Return, "\r");
