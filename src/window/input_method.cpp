@@ -30,6 +30,8 @@ QDBusMessage fcitx_call(const char* method) {
 }
 
 void ask() {
+    // a session without a bus gets none started for this
+    if (qEnvironmentVariableIsEmpty("DBUS_SESSION_BUS_ADDRESS")) return;
     const QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return;
     bus.send(fcitx_call("Activate"));

@@ -182,6 +182,8 @@ void select_real(Control& list, int item) {
 void wheel_real(Form& form, int notches) {
     FormView* view = view_of(form);
     if (!view) return turn_wheel(form, notches);
+    // the entries of a combo that were opened before would take the turn, as they go when a hand moves on
+    if (QWidget* entries = QApplication::activePopupWidget()) entries->close();
     const int notch = notches < 0 ? -120 : 120;
     const QPoint at;  // the form itself, not a list or a text that scrolls by itself
     for (int turned = std::abs(notches); turned > 0 && !process_ended(); --turned) {

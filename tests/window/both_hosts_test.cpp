@@ -211,7 +211,10 @@ TEST(BothHosts, ShowTheSameAfterEveryAct) {
             const std::string model = i < models.size() ? models[i] : "none",
                               real = i < window.size() ? window[i] : "none";
             if (model == real) continue;
-            ADD_FAILURE() << "seed " << n << ", act " << i << ": " << model.substr(0, model.find('\n'));
+            std::string acts;
+            for (std::size_t k = i < 8 ? 0 : i - 8; k <= i && k < models.size(); ++k)
+                acts += models[k].substr(0, models[k].find('\n')) + "; ";
+            ADD_FAILURE() << "seed " << n << ", act " << i << ": " << acts;
             EXPECT_EQ(model, real);
             break;
         }
