@@ -2,7 +2,6 @@
 #include "events/focus.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "document/clearing.h"
 #include "screen/screen_display.h"
@@ -109,9 +108,10 @@ Control& first_row_field(int row, int page) {
 }
 
 Control& last_row_field(int row, int page) {
-    for (const ScreenField& f : std::views::reverse(screen_fields())) {
-        if (f.flow.area != Area::lines || f.page != page) continue;
-        if (Control& c = *f.control.at(row); c.tab_stop && c.visible) return c;
+    const auto fields = screen_fields();
+    for (auto f = fields.rbegin(); f != fields.rend(); ++f) {
+        if (f->flow.area != Area::lines || f->page != page) continue;
+        if (Control& c = *f->control.at(row); c.tab_stop && c.visible) return c;
     }
     return first_row_field(row, page);
 }
