@@ -34,11 +34,11 @@ bool read_override(const std::string& family, const std::string& program, bool& 
         sql += " AND 担当者別操作許可プログラム.業務メニュ = " + literal(family);
     sql += " AND 担当者別操作許可プログラム.プログラムID = " + literal(program);
     ado::Recordset rs;
-    const bool found = 主DB読込(rs, sql) && has_all(rs, rights);
-    if (found) {
+    const bool found = 主DB読込(rs, sql);
+    if (found && has_all(rs, rights)) {
         for (const OperationRight& r : rights) 実行環境.*r.member = text_of(rs, r.column);
         result = allows(実行環境.操作許可);
-    }
+    }  // a row that cannot be read whole may have closed what the class would open: nothing is allowed
     rs.Close();
     return found;
 }

@@ -30,7 +30,7 @@ const auto cases = table(R"(yes|0|| ; no|0|操作許可 = '1'| ; yes|1|操作許
     yes|0|在籍区分 = '1', 退社日付 = '20200101'| ; no|0|コード = '00002'| ; no|0||code   ; no|0||code 00002
     no|0||config_lacks Kalvane 処理分類 ; no|0||config_lacks 動作環境定義 起動担当者コード ; no|0||lacks M担当者 印刷許可
     no|0||lacks M担当者 役職コード ; no|0||lacks M担当者 処理分類9操作許可
-    yes|0||own 'Kalvane', @id, '1', '0', '0'; lacks 担当者別操作許可プログラム 印刷許可
+    no|0||own 'Kalvane', @id, '0', '0', '0'; lacks 担当者別操作許可プログラム 印刷許可
     yes|0|@all|class ''; pins 0 ; yes|0|@all|pins 2 ; yes|0|コード = '00002'|pins 0)",
                          {{"@all", "操作許可 = '1', 入力許可 = '1', 修正許可 = '1', 処理分類1操作許可 = '1'"},
                           {"@id", "'KalvaneInvoiceEntry'"}});
