@@ -78,7 +78,8 @@ void ListWidget::sync() {
     horizontalHeader()->setFixedHeight(static_cast<int>(32 * m.scale));
     for (std::size_t i = 0; i < c.columns.size(); ++i)
         setColumnWidth(static_cast<int>(i),
-                       std::max(24, static_cast<int>(c.columns[i].width / twips_a_pixel * m.scale)));
+                       std::max(24, static_cast<int>(static_cast<double>(c.columns[i].width / twips_a_pixel) *
+                                                     m.scale)));
     verticalScrollBar()->setValue(top);
     if (c.selected < 0 || c.selected >= rows.rowCount()) return clearSelection();
     const QModelIndex at = rows.index(c.selected, 0);

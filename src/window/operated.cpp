@@ -27,7 +27,7 @@ namespace kalvane {
 namespace {
 
 // The widget under the hands may be gone when an event returns: what it started may have closed it.
-void send_key(QPointer<QWidget> to, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
+void send_key(const QPointer<QWidget>& to, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier,
               const QString& text = {}) {
     QKeyEvent press(QEvent::KeyPress, key, modifiers, text),
         release(QEvent::KeyRelease, key, modifiers, text);

@@ -4,6 +4,7 @@
 #include <QMimeData>
 #include <QScrollBar>
 #include <algorithm>
+#include <cmath>
 
 #include "window/look.h"
 
@@ -11,7 +12,7 @@ namespace kalvane {
 namespace {
 
 int px(double scale, int design) {
-    return std::max(1, static_cast<int>(design * scale + 0.5));
+    return std::max(1, static_cast<int>(std::lround(design * scale)));
 }
 
 // Text on one line, in smaller letters where it would not fit.
