@@ -35,8 +35,8 @@ void take_all(const ado::Recordset& rs, const Table& table, Record& record) {
     for (const auto& f : table) take(rs, f, record);
 }
 
-// Whether the row has every one of the columns. Where rights are asked for, a row that lacks one counts as
-// none.
+// Whether the row has every one of the columns. Where rights are asked for, a row that lacks one allows
+// nothing.
 bool has_columns(const ado::Recordset& rs, std::initializer_list<std::string_view> names);
 template <class Table>
 bool has_all(const ado::Recordset& rs, const Table& table) {
